@@ -1,0 +1,31 @@
+// LkCounter, the atomic counter behind every shared reference count.
+#pragma once
+
+#include <atomic>
+
+namespace Zr {
+
+template <class T>
+class LkCounter {
+public:
+    explicit LkCounter(T value = T()) : _value(value) {}
+    LkCounter(LkCounter const&) = delete;
+    LkCounter& operator=(LkCounter const&) = delete;
+
+    T increment() { return _value.fetch_add(1, std::memory_order_relaxed) + 1; }
+    // Release on the way down, acquire on reaching zero: the deleting thread sees every
+    // write that other owners made before they let go.
+    T decrement() {
+        T v = _value.fetch_sub(1, std::memory_order_release) - 1;
+        if (v == 0)
+            std::atomic_thread_fence(std::memory_order_acquire);
+        return v;
+    }
+    T get() const { return _value.load(std::memory_order_relaxed); }
+    void set(T v) { _value.store(v, std::memory_order_relaxed); }
+
+private:
+    std::atomic<T> _value;
+};
+
+} // namespace Zr

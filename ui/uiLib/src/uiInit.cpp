@@ -1,0 +1,4 @@
+// Registration of the library's packages.
+namespace Zr {
+int zrUiLibraryVersion() { return 1; }
+} // namespace Zr
