@@ -1,0 +1,131 @@
+// UiContainer: a widget with children. It owns their stacking order, passes size changes down
+// to their constraints, carries damage up and down, draws children over its canvas and runs
+// keyboard tabbing among them. There is no layout manager: each child's constraint is the layout.
+#pragma once
+
+#include "uiWidget.h"
+
+#include "iterator.h"
+#include "prdPredicate.h"
+
+#include <list>
+
+namespace Zr {
+
+class UiGroup;
+
+class UiContainer : public UiWidget {
+public:
+    // The children in stacking order, bottom first, and the widget kept on top.
+    struct Children {
+        RCShdPtr<UiWidget> _alwaysOnTop;
+        std::list<RCShdPtr<UiWidget>> _list;
+    };
+    using ChildList = std::list<RCShdPtr<UiWidget>>;
+    enum WidgetList { AllChildren = 0, MappedChildren = 1 };
+
+    // Runs apply on each child, bottom to top, through forEach.
+    class FunctorObj {
+    public:
+        virtual ~FunctorObj() = default;
+        void operator()(RCShdPtr<UiWidget> const& w) { apply(w); }
+
+    protected:
+        virtual void apply(RCShdPtr<UiWidget> const& w) = 0;
+    };
+
+    static RCShdPtr<UiContainer> create(UiContainer* parent, LiString const& name,
+                                        UiResTable const* table = nullptr);
+
+    virtual RCShdPtr<UiWidget> findWidget(PrdPredicate<UiWidget> const& pred) const;
+    virtual RCShdPtr<UiWidget> findWidget(LiString const& name) const;
+    virtual Iterator<RCShdPtr<UiWidget>> findWidgets(PrdPredicate<UiWidget> const& pred) const;
+    virtual RCShdPtr<UiWidget> findWidgetRecursive(PrdPredicate<UiWidget> const& pred) const;
+    virtual RCShdPtr<UiWidget> findWidgetRecursive(LiString const& name) const;
+    virtual Iterator<RCShdPtr<UiWidget>> findWidgetsRecursive(PrdPredicate<UiWidget> const& pred) const;
+    virtual RCShdPtr<UiGroup> findGroup(LiString const& name) const;
+    virtual RCShdPtr<UiGroup> findGroupRecursive(LiString const& name) const;
+    virtual void addChild(RCShdPtr<UiWidget> const& child);
+    virtual void removeChild(RCShdPtr<UiWidget> const& child);
+    virtual void removeChildren();
+    virtual ChildList& getChildrenList();
+    virtual ChildList const& getChildrenList() const;
+    // The upward half of marking: cuts `rect` where this container hides it and marks the
+    // children stacked above `child` that overlap it. Zeroes `rect` when nothing is visible.
+    virtual void markUp(GeRectangle<int>& rect, UiWidget* child);
+    virtual void setShadedBackground(bool shaded);
+    void getTabList(std::vector<RCShdPtr<UiWidget>>& list, WidgetList mode) const;
+
+    void forEach(FunctorObj& f);
+    void front(UiWidget* child);
+    void back(UiWidget* child);
+    void push(UiWidget* child);
+    void pop(UiWidget* child);
+    void setAlwaysOnTop(UiWidget* child);
+    RCShdPtr<UiWidget> const& getAlwaysOnTop() const;
+    void setLowerLeft(int x, int y);
+    void setTransferCursorToChildren(bool transfer) { _transferCursor = transfer; }
+    bool getTransferCursorToChildren() const { return _transferCursor; }
+
+    bool isTabbingEnabled() const { return _tabbingEnabled; }
+    void setTabbingEnabled(bool enabled);
+    void refreshTabbingState();
+    void setTabbingDirty();
+    void excludeWidgetsFromTabbing(bool exclude) { _excludeFromTabbing = exclude; }
+    std::vector<LiString> const& getTabStops() const { return _tabStops; }
+    // One tab step: 1 next, 2 previous.
+    void tabStep(int direction);
+
+    // Overrides of UiWidget.
+    UiWidget* findWidgetAt(GePoint2<int> const& p) override;
+    void expose(GeRectangle<int> const& clip, GePoint2<int> const& origin) override;
+    void acceptVisitor(UiWidgetVisitor& visitor) override;
+    void setWindow(UiWindow* window) override;
+    void setRect(GeRectangle<int> const& rect, bool notify = true) override;
+    void enable(bool enabled) override;
+    void markRegion(GeRectangle<int> const& rect) override;
+    void markChildren(GeRectangle<int>& rect) override;
+    void markDown(GeRectangle<int>& rect) override;
+    void setColor(LiString const& name, CoRgbColor const& color) override;
+    void setFrame(RCShdPtr<UiFrame> const& frame, LiString const& name) override;
+
+    // The two colours of a shaded background, set at the toolkit's start-up.
+    static CoRgbColor ShadeTop;
+    static CoRgbColor ShadeBottom;
+
+protected:
+    UiContainer(UiContainer* parent, LiString const& name);
+    ~UiContainer() override;
+
+    void setResource(RCShdPtr<UiResource> const& resource) override;
+    void setDefaultResources(UiResSet& set) override;
+    void postInit() override;
+    void drawBackground(GeRectangle<int> const& r, GePoint2<int> const& origin) override;
+    bool setMap(bool map, bool checkParent) override;
+    // The list operations behind setParent and clearParent; clients use addChild.
+    virtual void addWidget(UiWidget* child);
+    virtual void removeWidget(UiWidget* child);
+    // 1 when opaque children cover the whole canvas, so background and user draw are skipped.
+    int computeCanvasHidden() const;
+
+    friend class UiWidget;
+
+private:
+    void onKeyPress(EvEvent& event);
+    void onHotkey(EvEvent& event);
+    bool tabListIsStale() const;
+
+    UPtr<Children> _children;
+    CbMethod<UiContainer, EvEvent> _keyPressHandler;
+    CbMethod<UiContainer, EvEvent> _hotkeyHandler;
+    std::vector<LiString> _tabStops;
+    std::vector<RCShdPtr<UiWidget>> _tabList;
+    bool _tabbingDirty = true;
+    bool _tabbingEnabled = false;
+    bool _excludeFromTabbing = false;
+    bool _shadedBackground = false;
+    int _tabIndex = -1;
+    bool _transferCursor = false;
+};
+
+} // namespace Zr

@@ -1,0 +1,72 @@
+// UiWindow: binds a widget tree to a window of the windowing layer and an OpenGL context, and
+// turns damage into one repaint per loop turn. A plain UiWindow is a child window inside
+// another window; UiTopLevel is the top-level kind.
+#pragma once
+
+#include "uiContainer.h"
+
+#include "wsWindow.h"
+#include "wsWindowStyle.h"
+
+#include <list>
+
+namespace Zr {
+
+class SmContext;
+class UiWindowImp;
+
+class UiWindow : public UiContainer {
+public:
+    static RCShdPtr<UiWindow> create(UiContainer* parent, LiString const& name,
+                                     UiResTable const* table, WsWindowStyle const& style,
+                                     unsigned flags = 0);
+
+    void initialize(UiResTable const* table);
+    void setOSWindow(RCShdPtr<WsWindow> const& window);
+    RCShdPtr<WsWindow> const& getOSWindow() const;
+    // Where the window's content goes: a container that always fills the window.
+    RCShdPtr<UiContainer> const& getRootContainer() const;
+    // Repaints the marks if anything is damaged; returns whether it drew.
+    bool redraw();
+    virtual void swapBuffers();
+    // Damage somewhere in the tree: the loop will redraw this window at the end of its turn.
+    void markNotify();
+    bool needsRedraw() const;
+    void setWindowName(LiString const& name);
+    LiString const& getWindowName() const;
+    void setPointerPosition(int x, int y);
+    SmContext* getContext() const { return _context.get(); }
+    // False in the stencil debugging mode that counts clears, so backgrounds are painted.
+    bool isGlClearAllowed() const;
+    GePoint2<int> mapFromParentToParentWindow(GePoint2<int> const& p) const;
+    GePoint2<int> mapFromParentWindowToParent(GePoint2<int> const& p) const;
+    void snapStatistics();
+    bool isFullscreen() const;
+    void submitDeferredMove(RCShdPtr<UiWidget> const& widget);
+    void addClearWindowCb(CbHandler<EvEvent>* h);
+    void removeClearWindowCb(CbHandler<EvEvent>* h);
+    void clearWindow();
+    int getSwapCount() const;
+    int getStencilMode() const;
+    void setStencilMode(int mode);
+
+    UiWidget* findWidgetAt(GePoint2<int> const& p) override;
+    void processEvent(EvEvent& event) override;
+    void expose(GeRectangle<int> const& clip, GePoint2<int> const& origin) override;
+    void acceptVisitor(UiWidgetVisitor& visitor) override;
+    void setWindow(UiWindow* window) override;
+    void setRect(GeRectangle<int> const& rect, bool notify = true) override;
+    void markUp(GeRectangle<int>& rect, UiWidget* child) override;
+
+protected:
+    UiWindow(UiContainer* parent, LiString const& name, WsWindowStyle const& style,
+             unsigned flags);
+    ~UiWindow() override;
+    bool setMap(bool map, bool checkParent) override;
+
+    RCShdPtr<UiWindowImp> _imp;
+    UPtr<SmContext> _context;
+    std::list<RCShdPtr<UiWidget>> _deferredMoves;
+};
+
+} // namespace Zr
