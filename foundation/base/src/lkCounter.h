@@ -21,6 +21,17 @@ public:
             std::atomic_thread_fence(std::memory_order_acquire);
         return v;
     }
+    // Increments unless the value is zero, in one atomic step; returns whether it did. A weak
+    // reference uses it to take a strong one only while the object still lives.
+    bool incrementIfNotZero() {
+        T v = _value.load(std::memory_order_relaxed);
+        while (v != 0) {
+            if (_value.compare_exchange_weak(v, v + 1, std::memory_order_acquire,
+                                             std::memory_order_relaxed))
+                return true;
+        }
+        return false;
+    }
     T get() const { return _value.load(std::memory_order_relaxed); }
     void set(T v) { _value.store(v, std::memory_order_relaxed); }
 
