@@ -6,6 +6,8 @@
 
 namespace Zr {
 
+template <class T>
+class LkSingleton;
 class UiWidget;
 
 class UiFocusPointer {
@@ -21,6 +23,7 @@ public:
     void forget(UiWidget* widget);
 
 private:
+    friend class LkSingleton<UiFocusPointer>;
     UiFocusPointer() = default;
     UiWidget* _focus = nullptr;
     UiWidget* _pointer = nullptr;

@@ -8,6 +8,9 @@
 
 namespace Zr {
 
+template <class T>
+class LkSingleton;
+
 class UiFrame : public RCObject {
 public:
     // `background` is the widget's background, from which highlights derive; `dark` is the
@@ -70,9 +73,12 @@ public:
     LiString getType() const override { return "None"; }
 };
 
+// The one shared instance of each frame type, by name.
 class UiFrameRegistry {
 public:
     static UiFrameRegistry& getInstance();
+    // Registers the frames of this file, "None" first; the toolkit's start-up calls it.
+    static void registerDefaultFrames();
     // Enters the instance under its getType().
     void registerType(RCShdPtr<UiFrame> const& frame);
     bool isRegisteredType(LiString const& name) const;
@@ -81,7 +87,9 @@ public:
     void clear();
 
 private:
+    friend class LkSingleton<UiFrameRegistry>;
     UiFrameRegistry();
+    ~UiFrameRegistry();
     std::unordered_map<LiString, RCShdPtr<UiFrame>> _frames;
 };
 

@@ -29,8 +29,16 @@ public:
     void unregisterReleaseCb(CbHandler<UiGrab const*>* h) { _releaseCbs.removeHandler(h); }
 
 private:
+    friend struct UiGrabInstances;
+    friend class UiGrabHandler;
     explicit UiGrab(DeviceType type) : _deviceType(type) {}
+    // Takes the grab away from the holder: it gets EvGrabLostEvent, then the release callbacks.
     void takeFromCurrent();
+    // For a holder being destroyed: the grab goes without an event to it, the release
+    // callbacks still run.
+    void forgetHandler(UiGrabHandler* handler);
+    // Both instances, or null once they have been destroyed at exit.
+    static UiGrab* findInstance(DeviceType type);
 
     DeviceType _deviceType;
     UiGrabHandler* _current = nullptr;
