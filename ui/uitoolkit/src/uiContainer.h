@@ -42,7 +42,8 @@ public:
     virtual Iterator<RCShdPtr<UiWidget>> findWidgets(PrdPredicate<UiWidget> const& pred) const;
     virtual RCShdPtr<UiWidget> findWidgetRecursive(PrdPredicate<UiWidget> const& pred) const;
     virtual RCShdPtr<UiWidget> findWidgetRecursive(LiString const& name) const;
-    virtual Iterator<RCShdPtr<UiWidget>> findWidgetsRecursive(PrdPredicate<UiWidget> const& pred) const;
+    virtual Iterator<RCShdPtr<UiWidget>>
+    findWidgetsRecursive(PrdPredicate<UiWidget> const& pred) const;
     virtual RCShdPtr<UiGroup> findGroup(LiString const& name) const;
     virtual RCShdPtr<UiGroup> findGroupRecursive(LiString const& name) const;
     virtual void addChild(RCShdPtr<UiWidget> const& child);
@@ -75,6 +76,14 @@ public:
     std::vector<LiString> const& getTabStops() const { return _tabStops; }
     // One tab step: 1 next, 2 previous.
     void tabStep(int direction);
+    std::vector<RCShdPtr<UiWidget>> const& getCachedTabList() const { return _tabList; }
+    int getTabIndex() const { return _tabIndex; }
+
+    // The widget that tabbing treats as one stop for `w`: a value editor for itself, or the
+    // value editor that `w` carries in its client data; null for any other widget. The value
+    // editor family installs the finder; until then no widget is a tab unit.
+    using TabUnitFinder = UiWidget* (*)(UiWidget& w);
+    static void setTabUnitFinder(TabUnitFinder finder);
 
     // Overrides of UiWidget.
     UiWidget* findWidgetAt(GePoint2<int> const& p) override;
@@ -113,11 +122,23 @@ protected:
 private:
     void onKeyPress(EvEvent& event);
     void onHotkey(EvEvent& event);
+    // The registry's hotkey events go through the container's own dispatch.
+    void onRegistryHotkey(EvEvent& event);
+    // Runs a tab step if the event is the entry of "Next Control" or "Previous Control".
+    bool stepForHotkey(EvHotkeyEvent const& event);
     bool tabListIsStale() const;
+    void rebuildTabList();
+    ChildList::iterator findChild(UiWidget* child);
+    // Hides a displayed child around a change of its place, so both places get damaged.
+    template <class Move>
+    void restack(UiWidget* child, Move move);
+    void resizeChildren();
+    static TabUnitFinder _tabUnitFinder;
 
     UPtr<Children> _children;
     CbMethod<UiContainer, EvEvent> _keyPressHandler;
     CbMethod<UiContainer, EvEvent> _hotkeyHandler;
+    CbMethod<UiContainer, EvEvent> _registryHandler;
     std::vector<LiString> _tabStops;
     std::vector<RCShdPtr<UiWidget>> _tabList;
     bool _tabbingDirty = true;

@@ -1,0 +1,783 @@
+// UiContainer: the child list and its stacking order, size changes passed down to the children's
+// constraints, damage carried up and down the tree, drawing over the canvas, and tabbing.
+#include "uiContainer.h"
+
+#include "smGl.h"
+#include "uiFocusKeyboard.h"
+#include "uiFocusPointer.h"
+#include "uiGroup.h"
+#include "uiHotkeyRegistry.h"
+#include "uiResSet.h"
+#include "uiResText.h"
+#include "uiWidgetEvent.h"
+#include "uiWidgetImp.h"
+#include "uiWindow.h"
+
+#include <algorithm>
+
+namespace Zr {
+
+namespace {
+LiString const NextControl = "Next Control";
+LiString const PreviousControl = "Previous Control";
+LiString const TabStops = "TabStops";
+
+// `a` less `b` where the result is a plain strip: an a whose y range lies inside b's loses the
+// x part that b covers, likewise with the axes exchanged; in any other case `a` stays whole.
+GeRectangle<int> subtract(GeRectangle<int> const& a, GeRectangle<int> const& b) {
+    GeRectangle<int> r = a;
+    if (a.y1 >= b.y1 && a.y2 <= b.y2) {
+        if (a.x1 >= b.x1 && a.x1 < b.x2)
+            r.x1 = b.x2;
+        if (a.x2 > b.x1 && a.x2 <= b.x2)
+            r.x2 = b.x1;
+        r.x2 = std::max(r.x1, r.x2);
+    } else if (a.x1 >= b.x1 && a.x2 <= b.x2) {
+        if (a.y1 >= b.y1 && a.y1 < b.y2)
+            r.y1 = b.y2;
+        if (a.y2 > b.y1 && a.y2 <= b.y2)
+            r.y2 = b.y1;
+        r.y2 = std::max(r.y1, r.y2);
+    }
+    return r;
+}
+
+std::vector<int> sortedUnique(std::vector<int> v) {
+    std::sort(v.begin(), v.end());
+    v.erase(std::unique(v.begin(), v.end()), v.end());
+    return v;
+}
+} // namespace
+
+CoRgbColor UiContainer::ShadeTop;
+CoRgbColor UiContainer::ShadeBottom;
+UiContainer::TabUnitFinder UiContainer::_tabUnitFinder = nullptr;
+
+// --- life cycle --------------------------------------------------------------------------------
+
+RCShdPtr<UiContainer> UiContainer::create(UiContainer* parent, LiString const& name,
+                                          UiResTable const* table) {
+    RCShdPtr<UiContainer> container(new UiContainer(parent, name));
+    container->resInit(table);
+    container->postInit();
+    return container;
+}
+
+UiContainer::UiContainer(UiContainer* parent, LiString const& name)
+    : UiWidget(parent, name), _children(std::make_unique<Children>()) {
+    _keyPressHandler.bind(this, &UiContainer::onKeyPress);
+    _hotkeyHandler.bind(this, &UiContainer::onHotkey);
+    _registryHandler.bind(this, &UiContainer::onRegistryHotkey);
+}
+
+UiContainer::~UiContainer() {
+    if (_tabbingEnabled) {
+        UiHotkeyRegistry& registry = UiHotkeyRegistry::getInstance();
+        registry.unregisterHandler(PreviousControl, &_registryHandler);
+        registry.unregisterHandler(NextControl, &_registryHandler);
+    }
+    // Children that outlive the container must not point up at it: empty the list first, so
+    // that their clearParent finds nothing to unlink and marks nothing here.
+    ChildList children;
+    children.swap(_children->_list);
+    _children->_alwaysOnTop = nullptr;
+    for (auto const& child : children)
+        if (child->getParent() == this)
+            child->clearParent();
+}
+
+void UiContainer::setDefaultResources(UiResSet& set) {
+    UiWidget::setDefaultResources(set);
+}
+
+void UiContainer::setResource(RCShdPtr<UiResource> const& resource) {
+    UiWidget::setResource(resource);
+    if (resource->getNameRef() == TabStops) {
+        if (auto const* text = dynamic_cast<UiResText const*>(resource.get())) {
+            _tabStops = text->getStrings();
+            setTabbingDirty();
+        }
+    }
+}
+
+void UiContainer::postInit() {
+    UiWidget::postInit();
+    // Subclasses' colour hooks see the inherited colour once construction is over.
+    setColor(ParentColor, _parentColor);
+}
+
+// --- the child list ------------------------------------------------------------------------------
+
+UiContainer::ChildList& UiContainer::getChildrenList() {
+    return _children->_list;
+}
+
+UiContainer::ChildList const& UiContainer::getChildrenList() const {
+    return _children->_list;
+}
+
+UiContainer::ChildList::iterator UiContainer::findChild(UiWidget* child) {
+    auto& list = _children->_list;
+    return std::find_if(list.begin(), list.end(),
+                        [child](RCShdPtr<UiWidget> const& w) { return w.get() == child; });
+}
+
+void UiContainer::addChild(RCShdPtr<UiWidget> const& child) {
+    child->setParent(this);
+    setTabbingDirty();
+}
+
+void UiContainer::removeChild(RCShdPtr<UiWidget> const& child) {
+    child->clearParent();
+    setTabbingDirty();
+}
+
+void UiContainer::removeChildren() {
+    ChildList children = _children->_list;
+    for (auto const& child : children)
+        child->clearParent();
+    _children->_alwaysOnTop = nullptr;
+    setTabbingDirty();
+}
+
+void UiContainer::addWidget(UiWidget* child) {
+    if (!child || findChild(child) != _children->_list.end())
+        return;
+    auto& list = _children->_list;
+    // The on-top widget keeps the last place: the newcomer goes just below it.
+    if (_children->_alwaysOnTop && !list.empty() && list.back() == _children->_alwaysOnTop)
+        list.insert(std::prev(list.end()), RCShdPtr<UiWidget>(child));
+    else
+        list.push_back(RCShdPtr<UiWidget>(child));
+}
+
+void UiContainer::removeWidget(UiWidget* child) {
+    auto it = findChild(child);
+    if (it == _children->_list.end())
+        return;
+    // The list may hold the last reference: keep the child alive until it is marked out.
+    RCShdPtr<UiWidget> keep = *it;
+    if (_children->_alwaysOnTop == child)
+        _children->_alwaysOnTop = nullptr;
+    _children->_list.erase(it);
+    GeRectangle<int> const canvas = getCanvas();
+    markRegion(child->getRect().translated(canvas.x1, canvas.y1));
+}
+
+template <class Move>
+void UiContainer::restack(UiWidget* child, Move move) {
+    auto it = findChild(child);
+    if (it == _children->_list.end())
+        return;
+    RCShdPtr<UiWidget> keep = *it;
+    bool const shown = child->isDisplayed();
+    if (shown)
+        child->hide();
+    it = findChild(child);
+    if (it != _children->_list.end())
+        move(it);
+    if (shown)
+        child->show();
+}
+
+void UiContainer::front(UiWidget* child) {
+    restack(child, [this, child](ChildList::iterator it) {
+        auto& list = _children->_list;
+        auto top = list.end();
+        if (_children->_alwaysOnTop && list.back() == _children->_alwaysOnTop &&
+            _children->_alwaysOnTop != child)
+            top = std::prev(list.end());
+        list.splice(top, list, it);
+    });
+}
+
+void UiContainer::back(UiWidget* child) {
+    restack(child, [this](ChildList::iterator it) {
+        auto& list = _children->_list;
+        list.splice(list.begin(), list, it);
+    });
+}
+
+void UiContainer::push(UiWidget* child) {
+    restack(child, [this](ChildList::iterator it) {
+        auto& list = _children->_list;
+        auto above = std::next(it);
+        if (above == list.end() || *above == _children->_alwaysOnTop)
+            return;
+        list.splice(std::next(above), list, it);
+    });
+}
+
+void UiContainer::pop(UiWidget* child) {
+    restack(child, [this](ChildList::iterator it) {
+        auto& list = _children->_list;
+        if (it == list.begin() || *it == _children->_alwaysOnTop)
+            return;
+        list.splice(std::prev(it), list, it);
+    });
+}
+
+void UiContainer::setAlwaysOnTop(UiWidget* child) {
+    if (!child) {
+        _children->_alwaysOnTop = nullptr;
+        return;
+    }
+    auto it = findChild(child);
+    if (it == _children->_list.end())
+        return;
+    _children->_alwaysOnTop = *it;
+    _children->_list.splice(_children->_list.end(), _children->_list, it);
+}
+
+RCShdPtr<UiWidget> const& UiContainer::getAlwaysOnTop() const {
+    return _children->_alwaysOnTop;
+}
+
+void UiContainer::forEach(FunctorObj& f) {
+    ChildList children = _children->_list;
+    for (auto const& child : children)
+        f(child);
+}
+
+void UiContainer::setLowerLeft(int x, int y) {
+    int const dx = x - _rect.x1;
+    int const dy = y - _rect.y1;
+    if (dx == 0 && dy == 0)
+        return;
+    // The children keep their place on screen while the canvas origin moves under them.
+    ChildList children = _children->_list;
+    for (auto const& child : children)
+        child->translateOrigin(-dx, -dy, true);
+    GeRectangle<int> const old = _rect;
+    _rect = GeRectangle<int>(x, old.x2, y, old.y2);
+    adjustCoords();
+    markParent(old);
+    markForUpdate();
+}
+
+// --- finders
+// ---------------------------------------------------------------------------------------
+
+RCShdPtr<UiWidget> UiContainer::findWidget(PrdPredicate<UiWidget> const& pred) const {
+    for (auto const& child : _children->_list)
+        if (pred(*child))
+            return child;
+    return nullptr;
+}
+
+RCShdPtr<UiWidget> UiContainer::findWidget(LiString const& name) const {
+    return findWidget([&name](UiWidget const& w) { return w.getName() == name; });
+}
+
+Iterator<RCShdPtr<UiWidget>> UiContainer::findWidgets(PrdPredicate<UiWidget> const& pred) const {
+    std::vector<RCShdPtr<UiWidget>> found;
+    for (auto const& child : _children->_list)
+        if (pred(*child))
+            found.push_back(child);
+    return makeIterator(std::move(found));
+}
+
+RCShdPtr<UiWidget> UiContainer::findWidgetRecursive(PrdPredicate<UiWidget> const& pred) const {
+    for (auto const& child : _children->_list) {
+        if (pred(*child))
+            return child;
+        if (auto const* sub = dynamic_cast<UiContainer const*>(child.get()))
+            if (RCShdPtr<UiWidget> found = sub->findWidgetRecursive(pred))
+                return found;
+    }
+    return nullptr;
+}
+
+RCShdPtr<UiWidget> UiContainer::findWidgetRecursive(LiString const& name) const {
+    return findWidgetRecursive([&name](UiWidget const& w) { return w.getName() == name; });
+}
+
+Iterator<RCShdPtr<UiWidget>>
+UiContainer::findWidgetsRecursive(PrdPredicate<UiWidget> const& pred) const {
+    std::vector<RCShdPtr<UiWidget>> found;
+    // Depth first, each widget ahead of its own children.
+    auto collect = [&](auto& self, UiContainer const& container) -> void {
+        for (auto const& child : container._children->_list) {
+            if (pred(*child))
+                found.push_back(child);
+            if (auto const* sub = dynamic_cast<UiContainer const*>(child.get()))
+                self(self, *sub);
+        }
+    };
+    collect(collect, *this);
+    return makeIterator(std::move(found));
+}
+
+RCShdPtr<UiGroup> UiContainer::findGroup(LiString const& name) const {
+    for (auto const& child : _children->_list)
+        if (child->getName() == name)
+            if (auto* group = dynamic_cast<UiGroup*>(child.get()))
+                return RCShdPtr<UiGroup>(group);
+    return nullptr;
+}
+
+RCShdPtr<UiGroup> UiContainer::findGroupRecursive(LiString const& name) const {
+    RCShdPtr<UiWidget> found = findWidgetRecursive([&name](UiWidget const& w) {
+        return w.getName() == name && dynamic_cast<UiGroup const*>(&w) != nullptr;
+    });
+    return dynamicCast<UiGroup>(found);
+}
+
+UiWidget* UiContainer::findWidgetAt(GePoint2<int> const& p) {
+    if (!isMapped() || !isInside(p))
+        return nullptr;
+    GeRectangle<int> const canvas = getCanvas();
+    GePoint2<int> const local(p.x - canvas.x1, p.y - canvas.y1);
+    auto& list = _children->_list;
+    for (auto it = list.rbegin(); it != list.rend(); ++it)
+        if (UiWidget* hit = (*it)->findWidgetAt(local))
+            return hit;
+    return this;
+}
+
+// --- geometry, state and appearance passed down -----------------------------------------------
+
+void UiContainer::resizeChildren() {
+    GeRectangle<int> const canvas = getCanvas();
+    // Bottom to top: a constraint that names a sibling sees it as already placed.
+    ChildList children = _children->_list;
+    for (auto const& child : children)
+        child->parentResize(canvas.width(), canvas.height());
+}
+
+void UiContainer::setRect(GeRectangle<int> const& rect, bool notify) {
+    if (rect == _rect)
+        return;
+    int const oldWidth = _rect.width();
+    int const oldHeight = _rect.height();
+    UiWidget::setRect(rect, false);
+    if (_rect.width() != oldWidth || _rect.height() != oldHeight)
+        resizeChildren();
+    if (notify) {
+        UiResize resized{RCShdPtr<UiWidget>(this)};
+        resized.setRegion(_rect);
+        imp().fire(UiWidgetImp::Resize, resized);
+    }
+}
+
+void UiContainer::setFrame(RCShdPtr<UiFrame> const& frame, LiString const& name) {
+    GeRectangle<int> const oldCanvas = getCanvas();
+    UiWidget::setFrame(frame, name);
+    GeRectangle<int> const newCanvas = getCanvas();
+    if (newCanvas.width() != oldCanvas.width() || newCanvas.height() != oldCanvas.height())
+        resizeChildren();
+    markForUpdate();
+}
+
+void UiContainer::setColor(LiString const& name, CoRgbColor const& color) {
+    UiWidget::setColor(name, color);
+    if (name == BackgroundColor) {
+        ChildList children = _children->_list;
+        for (auto const& child : children)
+            child->setColor(ParentColor, _background);
+    }
+    markForUpdate();
+}
+
+void UiContainer::enable(bool enabled) {
+    bool const wasEnabled = isEnabled();
+    UiWidget::enable(enabled);
+    if (isEnabled() == wasEnabled)
+        return;
+    ChildList children = _children->_list;
+    for (auto const& child : children)
+        child->parentEnable(isEnabled());
+}
+
+void UiContainer::setWindow(UiWindow* window) {
+    UiWidget::setWindow(window);
+    ChildList children = _children->_list;
+    for (auto const& child : children)
+        child->setWindow(window);
+}
+
+bool UiContainer::setMap(bool map, bool checkParent) {
+    if (!UiWidget::setMap(map, checkParent))
+        return false;
+    // A copy: map and unmap callbacks may change the list.
+    ChildList children = _children->_list;
+    for (auto const& child : children)
+        child->setMap(map, checkParent);
+    return true;
+}
+
+void UiContainer::setShadedBackground(bool shaded) {
+    if (_shadedBackground == shaded)
+        return;
+    _shadedBackground = shaded;
+    markForUpdate();
+}
+
+void UiContainer::acceptVisitor(UiWidgetVisitor& visitor) {
+    UiWidget::acceptVisitor(visitor);
+    ChildList children = _children->_list;
+    for (auto const& child : children)
+        child->acceptVisitor(visitor);
+}
+
+// --- drawing ---------------------------------------------------------------------------------
+
+int UiContainer::computeCanvasHidden() const {
+    // Everything relative to the container's own lower-left corner.
+    GeRectangle<int> canvas = getCanvas();
+    canvas.translate(-_rect.x1, -_rect.y1);
+    int const childDx = canvas.x1;
+    int const childDy = canvas.y1;
+    std::vector<GeRectangle<int>> opaque;
+    std::vector<int> xs{0, _rect.width(), canvas.x1, canvas.x2};
+    std::vector<int> ys{0, _rect.height(), canvas.y1, canvas.y2};
+    for (auto const& child : _children->_list) {
+        if (!child->isDisplayed() || !child->isMapped() || child->getOpacity() != 1.0f)
+            continue;
+        GeRectangle<int> r = child->getRect().translated(childDx, childDy);
+        if (r.isEmpty())
+            continue;
+        opaque.push_back(r);
+        xs.push_back(r.x1);
+        xs.push_back(r.x2);
+        ys.push_back(r.y1);
+        ys.push_back(r.y2);
+    }
+    if (opaque.empty())
+        return 0;
+    xs = sortedUnique(std::move(xs));
+    ys = sortedUnique(std::move(ys));
+    // Each cell of the grid lies wholly inside or wholly outside every child, so testing one
+    // cell against the children decides it.
+    for (std::size_t i = 0; i + 1 < xs.size(); ++i) {
+        for (std::size_t j = 0; j + 1 < ys.size(); ++j) {
+            GeRectangle<int> const cell(xs[i], xs[i + 1], ys[j], ys[j + 1]);
+            if (!canvas.contains(cell))
+                continue;
+            bool covered =
+                std::any_of(opaque.begin(), opaque.end(),
+                            [&cell](GeRectangle<int> const& r) { return r.contains(cell); });
+            if (!covered)
+                return 0;
+        }
+    }
+    return 1;
+}
+
+void UiContainer::expose(GeRectangle<int> const& clip, GePoint2<int> const& origin) {
+    if (!isDisplayed() || !isMapped())
+        return;
+    if (!getMarkedRectList().empty())
+        performExpose(clip, origin, computeCanvasHidden());
+    GeRectangle<int> const canvas = getCanvas();
+    GeRectangle<int> const region = canvas.translated(origin.x, origin.y).intersection(clip);
+    if (region.isEmpty())
+        return;
+    GePoint2<int> const canvasOrigin(origin.x + canvas.x1, origin.y + canvas.y1);
+    ChildList children = _children->_list;
+    for (auto const& child : children)
+        child->expose(region, canvasOrigin);
+}
+
+void UiContainer::drawBackground(GeRectangle<int> const& r, GePoint2<int> const& origin) {
+    if (_shadedBackground) {
+        drawShadedBackground(r, origin, ShadeTop, ShadeBottom);
+        return;
+    }
+    UiWindow* window = getWindow();
+    if (_opacity == 1.0f && window && window->isGlClearAllowed()) {
+        SmGl::clearColor(_background.r, _background.g, _background.b, 1.0f);
+        SmGl::clear(Gl::COLOR_BUFFER_BIT);
+    } else {
+        SmGl::color3fv(_background.data());
+        SmGl::recti(r.x1 - origin.x, r.y1 - origin.y, r.x2 - origin.x, r.y2 - origin.y);
+    }
+}
+
+// --- damage ------------------------------------------------------------------------------------
+
+void UiContainer::markRegion(GeRectangle<int> const& rect) {
+    UiWindow* window = getWindow();
+    if (!isMapped() || !isDisplayed() || !window || rect.isEmpty())
+        return;
+    GeRectangle<int> copy = rect.intersection(_rect);
+    if (UiContainer* parent = getParent())
+        parent->markUp(copy, this);
+    if (copy.isEmpty())
+        return;
+
+    GeRectangle<int> const canvas = getCanvas();
+    GeRectangle<int> region = copy.intersection(canvas);
+    region.translate(-canvas.x1, -canvas.y1);
+    // Top down: an opaque child takes its share, and what is left is this container's.
+    auto& children = _children->_list;
+    for (auto it = children.rbegin(); it != children.rend() && !region.isEmpty(); ++it)
+        (*it)->markChildren(region);
+    region.translate(canvas.x1, canvas.y1);
+
+    if (canvas.contains(copy)) {
+        if (region.isEmpty())
+            return;
+        mark(region);
+        if (!isOpaque())
+            markParent(region);
+    } else {
+        // The copy reaches into the frame, which only this container draws.
+        mark(copy);
+        if (!isOpaque())
+            markParent(copy);
+    }
+    window->markNotify();
+}
+
+void UiContainer::markUp(GeRectangle<int>& rect, UiWidget* child) {
+    if (!isMapped() || !isDisplayed() || rect.isEmpty()) {
+        rect = GeRectangle<int>();
+        return;
+    }
+    GeRectangle<int> const canvas = getCanvas();
+    rect.translate(canvas.x1, canvas.y1);
+    rect.intersect(canvas);
+    if (!rect.isEmpty())
+        if (UiContainer* parent = getParent())
+            parent->markUp(rect, this);
+    rect.translate(-canvas.x1, -canvas.y1);
+    if (rect.isEmpty())
+        return;
+    // The siblings stacked above the child see the damage too; opaque ones cut it.
+    auto& children = _children->_list;
+    for (auto it = children.rbegin(); it != children.rend() && it->get() != child; ++it) {
+        (*it)->markDown(rect);
+        if (rect.isEmpty())
+            return;
+    }
+}
+
+void UiContainer::markChildren(GeRectangle<int>& rect) {
+    if (!isMapped() || !isDisplayed())
+        return;
+    GeRectangle<int> const part = rect.intersection(_rect);
+    if (part.isEmpty())
+        return;
+    GeRectangle<int> const canvas = getCanvas();
+    // Only the canvas reaches the children: a child half over the frame gets its marks cut.
+    GeRectangle<int> region = part.intersection(canvas);
+    region.translate(-canvas.x1, -canvas.y1);
+    auto& children = _children->_list;
+    for (auto it = children.rbegin(); it != children.rend() && !region.isEmpty(); ++it)
+        (*it)->markDown(region);
+    region.translate(canvas.x1, canvas.y1);
+
+    if (!canvas.contains(part))
+        mark(part);
+    else if (!region.isEmpty())
+        mark(region);
+    if (isOpaque())
+        rect = subtract(rect, _rect);
+    if (UiWindow* window = getWindow())
+        window->markNotify();
+}
+
+void UiContainer::markDown(GeRectangle<int>& rect) {
+    markChildren(rect);
+}
+
+// --- tabbing ---------------------------------------------------------------------------------
+
+void UiContainer::setTabUnitFinder(TabUnitFinder finder) {
+    _tabUnitFinder = finder;
+}
+
+void UiContainer::setTabbingEnabled(bool enabled) {
+    UiHotkeyRegistry& registry = UiHotkeyRegistry::getInstance();
+    _tabbingEnabled = enabled;
+    if (enabled) {
+        registry.registerHandler(PreviousControl, &_registryHandler);
+        registry.registerHandler(NextControl, &_registryHandler);
+        addKeyPressCb(&_keyPressHandler);
+        addHotkeyCb(&_hotkeyHandler);
+        if (isMapped() && getParent() && hasFocus())
+            UiFocusPointer::getInstance().updateFocus(this);
+    } else {
+        // The key press handler stays: it tests the flag first.
+        registry.unregisterHandler(PreviousControl, &_registryHandler);
+        registry.unregisterHandler(NextControl, &_registryHandler);
+        removeHotkeyCb(&_hotkeyHandler);
+    }
+}
+
+void UiContainer::onRegistryHotkey(EvEvent& event) {
+    processEvent(event);
+}
+
+bool UiContainer::stepForHotkey(EvHotkeyEvent const& event) {
+    UiHotkeyRegistry const& registry = UiHotkeyRegistry::getInstance();
+    if (event.getEntry() == registry.getEntry(NextControl)) {
+        tabStep(1);
+        return true;
+    }
+    if (event.getEntry() == registry.getEntry(PreviousControl)) {
+        tabStep(2);
+        return true;
+    }
+    return false;
+}
+
+void UiContainer::onKeyPress(EvEvent& event) {
+    auto* press = dynamic_cast<EvKeyPressEvent*>(&event);
+    if (!press || press->isProcessed() || !_tabbingEnabled)
+        return;
+    UiHotkeyRegistry const& registry = UiHotkeyRegistry::getInstance();
+    for (LiString const& action : {NextControl, PreviousControl}) {
+        UiHotkey const* hotkey = registry.getHotkey(action);
+        if (!hotkey || !hotkey->matches(*press))
+            continue;
+        EvHotkeyEvent asHotkey(*press, registry.getEntry(action));
+        stepForHotkey(asHotkey);
+        press->setProcessed();
+        return;
+    }
+}
+
+void UiContainer::onHotkey(EvEvent& event) {
+    auto* hotkey = dynamic_cast<EvHotkeyEvent*>(&event);
+    if (!hotkey || hotkey->isProcessed() || !_tabbingEnabled)
+        return;
+    if (stepForHotkey(*hotkey))
+        hotkey->setProcessed();
+}
+
+void UiContainer::getTabList(std::vector<RCShdPtr<UiWidget>>& list, WidgetList mode) const {
+    std::vector<RCShdPtr<UiWidget>> mine;
+    for (auto const& child : _children->_list) {
+        if (mode == MappedChildren && !child->isMapped())
+            continue;
+        auto const* sub = dynamic_cast<UiContainer const*>(child.get());
+        if (sub && sub->isTabbingEnabled())
+            continue; // it runs its own
+        if (_tabUnitFinder && _tabUnitFinder(*child)) {
+            mine.push_back(child);
+            continue;
+        }
+        if (child->isKeyboardFocusable())
+            mine.push_back(child);
+        if (sub && !sub->_excludeFromTabbing)
+            sub->getTabList(mine, mode);
+    }
+
+    if (!_tabStops.empty()) {
+        // The named stops first, in the order named; the others after them as collected.
+        std::vector<RCShdPtr<UiWidget>> ordered;
+        for (LiString const& name : _tabStops) {
+            auto it = std::find_if(mine.begin(), mine.end(), [&name](RCShdPtr<UiWidget> const& w) {
+                return w && w->getName() == name;
+            });
+            if (it != mine.end()) {
+                ordered.push_back(*it);
+                *it = nullptr;
+            }
+        }
+        for (auto& w : mine)
+            if (w)
+                ordered.push_back(std::move(w));
+        mine.swap(ordered);
+    } else {
+        // Reading order: top rows first, left to right, with y counted up from the window's
+        // bottom edge.
+        UiWidget const* top = getWindow();
+        if (!top) {
+            top = this;
+            while (top->getParent())
+                top = top->getParent();
+        }
+        long long const height = top->getRect().height();
+        long long const width = top->getRect().width();
+        auto key = [height, width](UiWidget const& w) {
+            GePoint2<int> const p = w.getScreenCoord(true);
+            return (height - p.y) * width + p.x;
+        };
+        std::vector<std::pair<long long, RCShdPtr<UiWidget>>> keyed;
+        keyed.reserve(mine.size());
+        for (auto& w : mine)
+            keyed.emplace_back(key(*w), std::move(w));
+        std::stable_sort(keyed.begin(), keyed.end(),
+                         [](auto const& a, auto const& b) { return a.first < b.first; });
+        mine.clear();
+        for (auto& k : keyed)
+            mine.push_back(std::move(k.second));
+    }
+    list.insert(list.end(), mine.begin(), mine.end());
+}
+
+bool UiContainer::tabListIsStale() const {
+    if (_tabbingDirty)
+        return true;
+    // An entry that lost its parent, or that only this list keeps alive, has left the tree.
+    return std::any_of(_tabList.begin(), _tabList.end(), [](RCShdPtr<UiWidget> const& w) {
+        return !w->getParent() || w->getReferenceCount() == 1;
+    });
+}
+
+void UiContainer::rebuildTabList() {
+    if (!tabListIsStale())
+        return;
+    _tabList.clear();
+    getTabList(_tabList, AllChildren);
+    _tabbingDirty = false;
+}
+
+void UiContainer::tabStep(int direction) {
+    rebuildTabList();
+    int const count = static_cast<int>(_tabList.size());
+    if (count == 0)
+        return;
+    if (_tabIndex < 0 || _tabIndex >= count)
+        _tabIndex = direction == 1 ? count - 1 : 0;
+
+    if (UiWidget* focus = UiFocusKeyboard::getInstance().getFocus()) {
+        UiWidget* unit = _tabUnitFinder ? _tabUnitFinder(*focus) : nullptr;
+        UiWidget* sought = unit ? unit : focus;
+        for (int i = 0; i < count; ++i) {
+            if (_tabList[i].get() == sought) {
+                _tabIndex = i;
+                break;
+            }
+        }
+    }
+
+    int const step = direction == 1 ? 1 : -1;
+    int const start = _tabIndex;
+    int index = start;
+    do {
+        index = (index + step + count) % count;
+        UiWidget const& w = *_tabList[index];
+        UiContainer const* parent = w.getParent();
+        if (!dynamic_cast<UiContainer const*>(&w) && parent && parent->isDisplayed() &&
+            w.isDisplayed() && w.isMapped() && w.isEnabled() && w.isFocusable())
+            break;
+    } while (index != start);
+
+    _tabIndex = index;
+    UiFocusKeyboard::getInstance().cycleFocus(_tabList[index].get());
+}
+
+void UiContainer::refreshTabbingState() {
+    rebuildTabList();
+    int const count = static_cast<int>(_tabList.size());
+    if (count == 0) {
+        _tabIndex = -1;
+        return;
+    }
+    _tabIndex = std::clamp(_tabIndex, 0, count - 1);
+    UiFocusKeyboard::getInstance().setFocus(_tabList[_tabIndex]);
+}
+
+void UiContainer::setTabbingDirty() {
+    for (UiContainer* c = this; c; c = c->getParent()) {
+        c->_tabbingDirty = true;
+        if (c->_tabbingEnabled)
+            break;
+    }
+}
+
+} // namespace Zr

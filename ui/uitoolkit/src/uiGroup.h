@@ -1,0 +1,14 @@
+// UiGroup: a container that gathers related widgets under one name, so that they can be found
+// together with UiContainer::findGroup.
+#pragma once
+
+#include "uiContainer.h"
+
+namespace Zr {
+
+class UiGroup : public UiContainer {
+protected:
+    using UiContainer::UiContainer;
+};
+
+} // namespace Zr
