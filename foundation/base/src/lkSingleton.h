@@ -3,6 +3,7 @@
 #pragma once
 
 #include "exBase.h"
+#include "inPackageInit.h"
 #include "lkLock.h"
 #include "rcBase.h"
 
@@ -11,10 +12,9 @@
 
 namespace Zr {
 
-struct LkSingletonEx {
-    // getInstance was called on a singleton that has been destroyed.
-    ZR_DECLARE_EXCEPTION(ExAlreadyDestroyed, ExBase);
-};
+// getInstance on a destroyed singleton raises InSingletonEx::ExAlreadyDestroyed; the older
+// name LkSingletonEx stays for callers written against it.
+using LkSingletonEx = InSingletonEx;
 
 // Keeps the live singletons in order of creation. Each creation also registers an exit
 // handler; the handlers run in reverse order of registration and each destroys the newest
@@ -108,7 +108,7 @@ private:
         if (T* p = _pointee.load(std::memory_order_acquire))
             return *p; // another thread built it while this one waited
         if (_state.load(std::memory_order_acquire) == DESTROYED) {
-            throw LkSingletonEx::ExAlreadyDestroyed(__FILE__, __LINE__,
+            throw InSingletonEx::ExAlreadyDestroyed(__FILE__, __LINE__,
                                                     "Singleton already destroyed: " +
                                                         RCExUtil::demangle(typeid(T).name()));
         }

@@ -82,7 +82,7 @@ TEST(LkSingletonTest, GetInstanceAfterDestroyThrows) {
     EXPECT_EQ(LkSingletonDestroyer::getNbLiveSingletons(), live - 1);
     EXPECT_STREQ(LkSingleton<Destroyable>::getStateName(), "DESTROYED");
     EXPECT_FALSE(LkSingleton<Destroyable>::isInitialized());
-    EXPECT_THROW(LkSingleton<Destroyable>::getInstance(), LkSingletonEx::ExAlreadyDestroyed);
+    EXPECT_THROW(LkSingleton<Destroyable>::getInstance(), InSingletonEx::ExAlreadyDestroyed);
     // A second destroy is harmless and deletes nothing.
     LkSingleton<Destroyable>::destroy();
     EXPECT_EQ(gDestructions.load(), 1);
