@@ -106,13 +106,13 @@ struct Tables {
         for (auto const& k : fixedNames)
             add(k.code, k.name);
         for (int i = 0; i <= 9; ++i) {
-            add(EvKeyCode::KP_0 + i, "KP_" + std::to_string(i));
+            add(EvKeyCode::KP_0 + i, std::string("KP_").append(std::to_string(i)));
             add(EvKeyCode::Digit0 + i, std::to_string(i));
         }
         for (int i = 0; i < 26; ++i)
             add(EvKeyCode::A + i, std::string(1, static_cast<char>('A' + i)));
         for (int i = 1; i <= 24; ++i)
-            add(EvKeyCode::F1 + i - 1, "F" + std::to_string(i));
+            add(EvKeyCode::F1 + i - 1, std::string("F").append(std::to_string(i)));
         for (auto const& k : otherSpellings)
             byLowerName.emplace(lowered(k.name), k.code);
     }
