@@ -49,6 +49,8 @@ public:
     int getSwapCount() const;
     int getStencilMode() const;
     void setStencilMode(int mode);
+    // Steps the stencil overdraw view 0 -> 1 -> 2 -> 0, as the hotkey "Toggle Stencil Mode" does.
+    void toggleStencilMode();
 
     UiWidget* findWidgetAt(GePoint2<int> const& p) override;
     void processEvent(EvEvent& event) override;
@@ -59,10 +61,14 @@ public:
     void markUp(GeRectangle<int>& rect, UiWidget* child) override;
 
 protected:
-    UiWindow(UiContainer* parent, LiString const& name, WsWindowStyle const& style,
-             unsigned flags);
+    UiWindow(UiContainer* parent, LiString const& name, WsWindowStyle const& style, unsigned flags);
     ~UiWindow() override;
     bool setMap(bool map, bool checkParent) override;
+    // The part of construction that hands out references to the window (the root container,
+    // the system window): run by create once a shared pointer holds the new window.
+    void buildRoot(UiResTable const* table);
+    // Translates by the canvas minima of the ancestors below the parent window.
+    GeRectangle<int> mapRectToParentWindow(GeRectangle<int> const& rect) const;
 
     RCShdPtr<UiWindowImp> _imp;
     UPtr<SmContext> _context;

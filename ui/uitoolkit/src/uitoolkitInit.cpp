@@ -1,0 +1,82 @@
+// The "uitoolkit" package: log group, message file, colour definitions and the start-up steps
+// of the widget families, in a fixed order.
+#include "uitoolkitInit.h"
+
+#include "uiApplication.h"
+#include "uiArmStack.h"
+#include "uiColorRegistry.h"
+#include "uiContainer.h"
+#include "uiFrame.h"
+#include "uiHotkeyRegistry.h"
+#include "uiLogGroups.h"
+#include "uiResTable.h"
+#include "uiWidget.h"
+#include "uiWindowImp.h"
+
+#include "exBase.h"
+#include "inPaths.h"
+#include "lgMajorGroup.h"
+#include "lgMinorGroup.h"
+#include "msgFileGuard.h"
+#include "wsTestGfx.h"
+
+#include <memory>
+
+namespace Zr {
+
+namespace {
+
+std::unique_ptr<LgMinorGroup>& eventsGroup() {
+    static std::unique_ptr<LgMinorGroup> group;
+    return group;
+}
+
+void readColorDefinitions() {
+    OsFilePath path = InPaths::getResourcesDir() + UiResTable::getResTableDir() + "colorDefs.xml";
+    // Reading fills UiColorRegistry; the table itself is not kept. A missing file leaves the
+    // built-in colours.
+    UiResTable colors;
+    colors.readTable(path, UiResource::LevelSystem);
+}
+
+// Each family's step, in the order later families rely on: frames first (widgets take their
+// frames from the registry), then the shared draw states, then the colours derived from the
+// registry.
+void initWidgetFamilies() {
+    UiFrameRegistry::registerDefaultFrames();
+    UiWidget::initDrawStates();
+    UiContainer::ShadeTop = UiColorRegistry::getInstance().getColor("LabelBackground");
+    UiContainer::ShadeBottom = UiColorRegistry::getInstance().getColor("Grey60");
+    UiWindowExitState::buildHeatMapTables();
+}
+
+} // namespace
+
+void UiToolkitInit::init() {
+    ZR_ASSERT_TEXT(UiLogGroups::uiEvents() == nullptr,
+                   "LgGroups::ZR_XGLUE( MinorLevel, UiEvents ) == 0");
+    eventsGroup() =
+        std::make_unique<LgMinorGroup>(LgMajorGroup::getInstanceForName("Gfx"), "UiEvents");
+    UiLogGroups::setUiEvents(eventsGroup().get());
+
+    MsgFileGuard messages("uitoolkit.msg");
+    UiWidget::PointerFocusFrameEnabled = UiToolkitSettings::isPointerFocusFrameEnabled();
+    // The hotkey entries are known without graphics too, so that windows can bind them.
+    UiWindowImp::StencilHotkeyEntry =
+        UiHotkeyRegistry::getInstance().getEntry(LiString("Toggle Stencil Mode"));
+    if (!WsTestGfx::isNoGraphicsRequested()) {
+        readColorDefinitions();
+        initWidgetFamilies();
+    }
+}
+
+void UiToolkitInit::exit() {
+    // Windows still current or main would outlive the package otherwise.
+    if (UiApplication::isInit())
+        UiApplication::getInstance().clearCurrentWindow();
+    UiLogGroups::setUiEvents(nullptr);
+    eventsGroup().reset();
+    UiArmStack::checkEmpty();
+}
+
+} // namespace Zr
