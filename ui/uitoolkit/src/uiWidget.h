@@ -186,6 +186,8 @@ public:
     void setResTableName(std::string const& name);
     std::string getResTableName(ResTableNameMode mode = BaseName) const;
     static void setWidgetResTable(UiWidget& widget, UiResTable const& table);
+    // Records the name of the table the widget's resources came from.
+    static void setWidgetResTable(UiWidget& widget, std::string const& tableName);
     int getInitPhase() const;
 
     // --- tooltip data ---------------------------------------------------------------------
@@ -270,6 +272,16 @@ public:
     void fireReposition(EvEvent& event);
     void fireTooltip(EvEvent& event);
 
+    // --- drag and drop --------------------------------------------------------------------
+    void setDndObject(RCShdPtr<UiDragAndDrop> const& dnd);
+    RCShdPtr<UiDragAndDrop> const& getDndObject() const;
+    // The recogniser that decides when a press on this widget becomes a drag; owned.
+    void setDragRecogniser(OPtr<UiGestureRecogniser> recogniser);
+    UiGestureRecogniser* getDragRecogniser() const;
+
+    // `a` less `b` when the difference is a single strip; otherwise `a` unchanged.
+    static GeRectangle<int> subtractRect(GeRectangle<int> const& a, GeRectangle<int> const& b);
+
     virtual void performDeferredMove() {}
     virtual void cut() {}
     virtual void copy() {}
@@ -302,6 +314,11 @@ protected:
     virtual bool hasStateChangedHook() const { return false; }
 
     void setDisplayed(bool displayed);
+    // A reference to this widget for event senders; null while no one holds the widget yet
+    // (inside constructors), where a temporary reference would delete it.
+    RCShdPtr<UiWidget> makeSender();
+    // Shows this widget's cursor if it has the pointer focus and no override cursor is set.
+    void applyCursor();
     // Adds a rectangle to the mark list without any propagation, and notifies the window.
     void mark(GeRectangle<int> const& rect);
     UiWidgetImp& imp() const { return *_imp; }
@@ -311,6 +328,18 @@ protected:
     friend class UiFocusKeyboard;
     friend class UiWindow;
 
+private:
+    void initFocusColors();
+    static CoRgbColor blackColor();
+    // The drag interception ahead of dispatch; true when the event started a drag.
+    bool interceptDrag(EvEvent& event);
+    void dispatchEvent(EvEvent& event);
+    // Disarms the stack from the top down to and including this widget's first entry.
+    void disarmDownTo(EvPointerButtonUpEvent const& up);
+    void forwardScroll(EvPointerScrollEvent& event);
+    void traceButton(char const* what, EvPointerButtonEvent const& event) const;
+
+protected:
     CoRgbColor _background;
     CoRgbColor _foreground;
     CoRgbColor _inactiveForeground;
