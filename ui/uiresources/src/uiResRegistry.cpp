@@ -5,6 +5,7 @@
 #include "uiResColor.h"
 #include "uiResConstraint.h"
 #include "uiResCoord.h"
+#include "uiResDomain.h"
 #include "uiResDouble.h"
 #include "uiResFrame.h"
 #include "uiResInt.h"
@@ -29,6 +30,7 @@ UiResRegistry::UiResRegistry() {
     registerType("Constraint", RCShdPtr<UiResource>(new UiResConstraint()));
     registerType("Color", RCShdPtr<UiResource>(new UiResColor()));
     registerType("Frame", RCShdPtr<UiResource>(new UiResFrame()));
+    registerType("Domain", RCShdPtr<UiResource>(new UiResDomain()));
 }
 
 void UiResRegistry::registerType(char const* tag, RCShdPtr<UiResource> const& prototype) {
