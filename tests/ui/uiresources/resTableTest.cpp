@@ -16,10 +16,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <unistd.h>
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <unistd.h>
 
 namespace Zr {
 namespace {
