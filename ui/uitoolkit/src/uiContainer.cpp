@@ -22,26 +22,6 @@ LiString const NextControl = "Next Control";
 LiString const PreviousControl = "Previous Control";
 LiString const TabStops = "TabStops";
 
-// `a` less `b` where the result is a plain strip: an a whose y range lies inside b's loses the
-// x part that b covers, likewise with the axes exchanged; in any other case `a` stays whole.
-GeRectangle<int> subtract(GeRectangle<int> const& a, GeRectangle<int> const& b) {
-    GeRectangle<int> r = a;
-    if (a.y1 >= b.y1 && a.y2 <= b.y2) {
-        if (a.x1 >= b.x1 && a.x1 < b.x2)
-            r.x1 = b.x2;
-        if (a.x2 > b.x1 && a.x2 <= b.x2)
-            r.x2 = b.x1;
-        r.x2 = std::max(r.x1, r.x2);
-    } else if (a.x1 >= b.x1 && a.x2 <= b.x2) {
-        if (a.y1 >= b.y1 && a.y1 < b.y2)
-            r.y1 = b.y2;
-        if (a.y2 > b.y1 && a.y2 <= b.y2)
-            r.y2 = b.y1;
-        r.y2 = std::max(r.y1, r.y2);
-    }
-    return r;
-}
-
 std::vector<int> sortedUnique(std::vector<int> v) {
     std::sort(v.begin(), v.end());
     v.erase(std::unique(v.begin(), v.end()), v.end());
@@ -149,6 +129,8 @@ void UiContainer::addWidget(UiWidget* child) {
         list.insert(std::prev(list.end()), RCShdPtr<UiWidget>(child));
     else
         list.push_back(RCShdPtr<UiWidget>(child));
+    // Widgets made with this container as parent arrive here without addChild.
+    setTabbingDirty();
 }
 
 void UiContainer::removeWidget(UiWidget* child) {
@@ -160,6 +142,7 @@ void UiContainer::removeWidget(UiWidget* child) {
     if (_children->_alwaysOnTop == child)
         _children->_alwaysOnTop = nullptr;
     _children->_list.erase(it);
+    setTabbingDirty();
     GeRectangle<int> const canvas = getCanvas();
     markRegion(child->getRect().translated(canvas.x1, canvas.y1));
 }
@@ -354,7 +337,7 @@ void UiContainer::setRect(GeRectangle<int> const& rect, bool notify) {
     if (_rect.width() != oldWidth || _rect.height() != oldHeight)
         resizeChildren();
     if (notify) {
-        UiResize resized{RCShdPtr<UiWidget>(this)};
+        UiResize resized(makeSender());
         resized.setRegion(_rect);
         imp().fire(UiWidgetImp::Resize, resized);
     }
@@ -573,7 +556,7 @@ void UiContainer::markChildren(GeRectangle<int>& rect) {
     else if (!region.isEmpty())
         mark(region);
     if (isOpaque())
-        rect = subtract(rect, _rect);
+        rect = subtractRect(rect, _rect);
     if (UiWindow* window = getWindow())
         window->markNotify();
 }

@@ -85,6 +85,9 @@ public:
     using TabUnitFinder = UiWidget* (*)(UiWidget& w);
     static void setTabUnitFinder(TabUnitFinder finder);
 
+    // 1 when opaque children cover the whole canvas, so background and user draw are skipped.
+    int computeCanvasHidden() const;
+
     // Overrides of UiWidget.
     UiWidget* findWidgetAt(GePoint2<int> const& p) override;
     void expose(GeRectangle<int> const& clip, GePoint2<int> const& origin) override;
@@ -114,8 +117,6 @@ protected:
     // The list operations behind setParent and clearParent; clients use addChild.
     virtual void addWidget(UiWidget* child);
     virtual void removeWidget(UiWidget* child);
-    // 1 when opaque children cover the whole canvas, so background and user draw are skipped.
-    int computeCanvasHidden() const;
 
     friend class UiWidget;
 

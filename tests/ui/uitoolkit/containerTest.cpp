@@ -1,0 +1,353 @@
+// UiContainer as a client sees it: stacking and hit testing, sizes passed to the children,
+// the on-top child, damage carried up and down, and the finders.
+#include "treeTestSupport.h"
+
+#include "uiFrame.h"
+#include "uiGroup.h"
+#include "uiMarkedRect.h"
+#include "uiWidgetEvent.h"
+
+#include <gtest/gtest.h>
+
+using namespace Zr;
+using namespace Zr::TreeTest;
+
+namespace {
+
+std::vector<GeRectangle<int>> marksOf(UiWidget& w) {
+    return w.getMarkedRects();
+}
+
+class ContainerStacking : public ::testing::Test {
+protected:
+    void SetUp() override {
+        root = MappedRoot::make({0, 200, 0, 100});
+        a = makeWidget(root.get(), "a", {0, 50, 0, 50});
+        b = makeWidget(root.get(), "b", {25, 75, 0, 50});
+        c = makeWidget(root.get(), "c", {100, 150, 0, 50});
+    }
+    void TearDown() override { root->removeChildren(); }
+
+    RCShdPtr<MappedRoot> root;
+    RCShdPtr<UiWidget> a, b, c;
+};
+
+} // namespace
+
+TEST_F(ContainerStacking, FindWidgetAtAnswersTheTopmostChild) {
+    EXPECT_EQ(root->findWidgetAt({30, 10}), b.get());
+    EXPECT_EQ(root->findWidgetAt({10, 10}), a.get());
+    // Outside every child the container answers itself; outside it, nobody.
+    EXPECT_EQ(root->findWidgetAt({90, 10}), root.get());
+    EXPECT_EQ(root->findWidgetAt({250, 10}), nullptr);
+}
+
+TEST_F(ContainerStacking, FrontBackPushAndPopReorder) {
+    root->front(a.get());
+    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"b", "c", "a"}));
+    EXPECT_EQ(root->findWidgetAt({30, 10}), a.get());
+    root->back(a.get());
+    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"a", "b", "c"}));
+    root->push(a.get());
+    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"b", "a", "c"}));
+    root->pop(c.get());
+    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"b", "c", "a"}));
+    // Moves past either end and moves of strangers change nothing.
+    root->push(a.get());
+    root->pop(b.get());
+    RCShdPtr<UiWidget> stranger = UiWidget::create(nullptr, "stranger");
+    root->front(stranger.get());
+    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"b", "c", "a"}));
+    // The moved child is displayed and mapped again afterwards.
+    EXPECT_TRUE(a->isDisplayed());
+    EXPECT_TRUE(a->isMapped());
+}
+
+TEST_F(ContainerStacking, HiddenChildIsSkippedByHitTest) {
+    b->hide();
+    EXPECT_EQ(root->findWidgetAt({30, 10}), a.get());
+    b->show();
+    EXPECT_EQ(root->findWidgetAt({30, 10}), b.get());
+}
+
+TEST(ContainerEmpty, AnswersItselfInsideAndNothingOutsideOrUnmapped) {
+    auto root = MappedRoot::make({10, 60, 10, 60});
+    EXPECT_EQ(root->findWidgetAt({20, 20}), root.get());
+    EXPECT_EQ(root->findWidgetAt({5, 20}), nullptr);
+    RCShdPtr<UiContainer> unmapped = UiContainer::create(nullptr, "loose");
+    EXPECT_FALSE(unmapped->isMapped());
+    EXPECT_EQ(unmapped->findWidgetAt({1, 1}), nullptr);
+}
+
+TEST(ContainerEmpty, ChildrenCoordinatesAreRelativeToTheCanvas) {
+    auto root = MappedRoot::make({0, 300, 0, 300});
+    auto panel = makeContainer(root.get(), "panel", {100, 200, 100, 200});
+    auto inner = makeWidget(panel.get(), "inner", {0, 10, 0, 10});
+    EXPECT_EQ(root->findWidgetAt({105, 105}), inner.get());
+    EXPECT_EQ(root->findWidgetAt({115, 105}), panel.get());
+    root->removeChildren();
+}
+
+TEST(ContainerOnTop, StaysLastAfterLaterChildren) {
+    auto root = MappedRoot::make({0, 100, 0, 100});
+    auto a = makeWidget(root.get(), "a", {0, 10, 0, 10});
+    auto top = makeWidget(root.get(), "top", {0, 10, 0, 10});
+    root->setAlwaysOnTop(top.get());
+    auto b = makeWidget(root.get(), "b", {0, 10, 0, 10});
+    root->addChild(UiWidget::create(nullptr, "c"));
+    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"a", "b", "c", "top"}));
+    root->front(a.get());
+    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"b", "c", "a", "top"}));
+    EXPECT_EQ(root->findWidgetAt({5, 5}), top.get());
+    root->removeChildren();
+}
+
+TEST(ContainerOnTop, RemoveChildrenClearsTheOnTopChild) {
+    auto root = MappedRoot::make({0, 100, 0, 100});
+    auto top = makeWidget(root.get(), "top", {0, 10, 0, 10});
+    makeWidget(root.get(), "a", {0, 10, 0, 10});
+    root->setAlwaysOnTop(top.get());
+    root->removeChildren();
+    EXPECT_TRUE(root->getChildrenList().empty());
+    EXPECT_TRUE(root->getAlwaysOnTop().isNull());
+    EXPECT_EQ(top->getParent(), nullptr);
+    // A later child is simply appended.
+    makeWidget(root.get(), "x", {0, 10, 0, 10});
+    makeWidget(root.get(), "y", {0, 10, 0, 10});
+    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"x", "y"}));
+    root->removeChildren();
+}
+
+TEST(ContainerOnTop, RemovingTheOnTopChildForgetsIt) {
+    auto root = MappedRoot::make({0, 100, 0, 100});
+    auto top = makeWidget(root.get(), "top", {0, 10, 0, 10});
+    root->setAlwaysOnTop(top.get());
+    root->removeChild(top);
+    EXPECT_TRUE(root->getAlwaysOnTop().isNull());
+    makeWidget(root.get(), "x", {0, 10, 0, 10});
+    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"x"}));
+    root->removeChildren();
+}
+
+TEST(ContainerOnTop, RemovedChildDiesWithItsLastReference) {
+    auto root = MappedRoot::make({0, 100, 0, 100});
+    makeWidget(root.get(), "a", {0, 10, 0, 10});
+    CbFunction<EvEvent> onDestroy;
+    int destroyed = 0;
+    onDestroy.set([&destroyed](EvEvent&) { ++destroyed; });
+    root->getChildrenList().front()->addDestroyCb(&onDestroy);
+    root->removeChild(root->findWidget("a"));
+    EXPECT_EQ(destroyed, 1);
+    EXPECT_TRUE(root->getChildrenList().empty());
+}
+
+TEST(ContainerResize, MoveKeepingTheSizeDoesNotReachTheChildren) {
+    std::vector<std::string> log;
+    auto root = MappedRoot::make({0, 400, 0, 400});
+    auto panel = makeContainer(root.get(), "panel", {0, 100, 0, 50});
+    ProbeWidget::make(panel.get(), "first", {0, 10, 0, 10}, &log);
+    ProbeWidget::make(panel.get(), "second", {0, 10, 0, 10}, &log);
+    CbFunction<EvEvent> onResize([&log](EvEvent& e) {
+        auto& r = dynamic_cast<UiResize&>(e);
+        log.push_back("resize " + std::to_string(r.getRegion().width()));
+    });
+    panel->addResizeCb(&onResize);
+
+    panel->setRect({20, 120, 30, 80});
+    EXPECT_EQ(log, (std::vector<std::string>{"resize 100"}));
+
+    log.clear();
+    panel->setRect({20, 140, 30, 90});
+    // Bottom to top, with the canvas size, and all before the container's own resize.
+    EXPECT_EQ(log, (std::vector<std::string>{"first parentResize 120x60",
+                                             "second parentResize 120x60", "resize 120"}));
+
+    log.clear();
+    panel->setRect({20, 140, 30, 90});
+    EXPECT_TRUE(log.empty());
+    panel->setRect({0, 50, 0, 50}, false);
+    EXPECT_EQ(log,
+              (std::vector<std::string>{"first parentResize 50x50", "second parentResize 50x50"}));
+    root->removeChildren();
+}
+
+TEST(ContainerState, EnableAndColourReachTheChildren) {
+    auto root = MappedRoot::make({0, 100, 0, 100});
+    auto panel = makeContainer(root.get(), "panel", {0, 50, 0, 50});
+    auto child = makeWidget(panel.get(), "child", {0, 10, 0, 10});
+    panel->enable(false);
+    EXPECT_FALSE(child->isEnabled());
+    EXPECT_FALSE(child->isSelfDisabled());
+    panel->enable(true);
+    EXPECT_TRUE(child->isEnabled());
+
+    CoRgbColor const teal(0.f, 0.5f, 0.5f);
+    panel->setColor(UiWidget::BackgroundColor, teal);
+    EXPECT_EQ(child->getParentBackground(), teal);
+    root->removeChildren();
+}
+
+TEST(ContainerState, UnmappingTheContainerUnmapsTheChildren) {
+    auto root = MappedRoot::make({0, 100, 0, 100});
+    auto panel = makeContainer(root.get(), "panel", {0, 50, 0, 50});
+    auto child = makeWidget(panel.get(), "child", {0, 10, 0, 10});
+    EXPECT_TRUE(child->isMapped());
+    panel->hide();
+    EXPECT_FALSE(child->isMapped());
+    EXPECT_TRUE(child->isDisplayed());
+    panel->show();
+    EXPECT_TRUE(child->isMapped());
+    root->removeChildren();
+}
+
+namespace {
+
+class ContainerMarks : public ::testing::Test {
+protected:
+    void SetUp() override {
+        window = MappedWindow::make({0, 300, 0, 300});
+        panel = makeContainer(window.get(), "panel", {100, 200, 100, 200});
+        cover = makeWidget(panel.get(), "cover", {0, 50, 0, 100});
+        clearAll();
+    }
+    void TearDown() override { window->removeChildren(); }
+    void clearAll() {
+        window->clearMarks();
+        panel->clearMarks();
+        cover->clearMarks();
+    }
+
+    RCShdPtr<MappedWindow> window;
+    RCShdPtr<UiContainer> panel;
+    RCShdPtr<UiWidget> cover;
+};
+
+} // namespace
+
+TEST_F(ContainerMarks, OpaqueChildCutsTheContainersShareOnTheWayDown) {
+    panel->markRegion({100, 200, 100, 200});
+    // The child, in the panel's canvas, takes its own part...
+    EXPECT_EQ(marksOf(*cover), (std::vector<GeRectangle<int>>{{0, 50, 0, 100}}));
+    // ...and the panel keeps only what the child leaves, in its parent's coordinates.
+    EXPECT_EQ(marksOf(*panel), (std::vector<GeRectangle<int>>{{150, 200, 100, 200}}));
+    EXPECT_TRUE(window->needsRedraw());
+}
+
+TEST_F(ContainerMarks, RegionWhollyUnderOpaqueChildrenMarksOnlyThem) {
+    panel->markRegion({110, 140, 110, 140});
+    EXPECT_EQ(marksOf(*cover), (std::vector<GeRectangle<int>>{{10, 40, 10, 40}}));
+    EXPECT_TRUE(marksOf(*panel).empty());
+}
+
+TEST_F(ContainerMarks, TranslucentChildLetsTheContainerRepaint) {
+    cover->setOpacity(0.5f);
+    clearAll();
+    panel->markRegion({100, 200, 100, 200});
+    EXPECT_EQ(marksOf(*panel), (std::vector<GeRectangle<int>>{{100, 200, 100, 200}}));
+}
+
+TEST_F(ContainerMarks, MarkOfALowerChildReachesTheSiblingAboveIt) {
+    // `under` lies below `cover` in the stacking order: its damage shows through `cover`'s
+    // place only as `cover`'s own repaint.
+    window->removeChildren();
+    panel = makeContainer(window.get(), "panel", {100, 200, 100, 200});
+    auto under = makeWidget(panel.get(), "under", {0, 100, 0, 100});
+    cover = makeWidget(panel.get(), "cover", {0, 50, 0, 100});
+    clearAll();
+    under->clearMarks();
+    under->markRegion(under->getRect());
+    EXPECT_EQ(marksOf(*cover), (std::vector<GeRectangle<int>>{{0, 50, 0, 100}}));
+    // The opaque sibling has taken its strip out of what `under` repaints.
+    EXPECT_EQ(marksOf(*under), (std::vector<GeRectangle<int>>{{50, 100, 0, 100}}));
+}
+
+TEST_F(ContainerMarks, HiddenOrUnmappedContainerMarksNothing) {
+    panel->hide();
+    clearAll();
+    panel->markRegion({100, 200, 100, 200});
+    EXPECT_TRUE(marksOf(*panel).empty());
+    EXPECT_TRUE(marksOf(*cover).empty());
+    panel->show();
+}
+
+TEST_F(ContainerMarks, EmptyRegionMarksNothing) {
+    panel->markRegion({120, 120, 100, 200});
+    EXPECT_TRUE(marksOf(*panel).empty());
+    EXPECT_TRUE(marksOf(*cover).empty());
+}
+
+TEST_F(ContainerMarks, ChildMarksAreClippedToTheCanvas) {
+    UiFrameRegistry::registerDefaultFrames();
+    RCShdPtr<UiFrame> border = UiFrameRegistry::getInstance().create("BorderDecorator");
+    border->decorate(UiFrameRegistry::getInstance().create("None"));
+    panel->setFrame(border, UiWidget::DefaultFrame);
+    // The canvas is now inset by one pixel; a child reaching below it is half over the frame.
+    ASSERT_EQ(panel->getCanvas(), (GeRectangle<int>{101, 199, 101, 199}));
+    cover->setRect({-5, 20, -5, 20});
+    clearAll();
+    panel->markRegion({100, 200, 100, 200});
+    EXPECT_EQ(marksOf(*cover), (std::vector<GeRectangle<int>>{{0, 20, 0, 20}}));
+    // The frame strip lies outside the canvas: the panel marks the whole request.
+    EXPECT_EQ(marksOf(*panel), (std::vector<GeRectangle<int>>{{100, 200, 100, 200}}));
+}
+
+TEST_F(ContainerMarks, RemovingAChildDamagesItsPlace) {
+    panel->removeChild(cover);
+    EXPECT_EQ(marksOf(*panel), (std::vector<GeRectangle<int>>{{100, 150, 100, 200}}));
+}
+
+TEST_F(ContainerMarks, CanvasHiddenOnlyWhenOpaqueChildrenCoverIt) {
+    EXPECT_EQ(panel->computeCanvasHidden(), 0);
+    auto rest = makeWidget(panel.get(), "rest", {50, 100, 0, 100});
+    EXPECT_EQ(panel->computeCanvasHidden(), 1);
+    rest->setOpacity(0.99f);
+    EXPECT_EQ(panel->computeCanvasHidden(), 0);
+    rest->setOpacity(1.0f);
+    rest->hide();
+    EXPECT_EQ(panel->computeCanvasHidden(), 0);
+}
+
+TEST(ContainerFinders, ByNameByPredicateAndRecursively) {
+    auto root = MappedRoot::make({0, 100, 0, 100});
+    auto panel = makeContainer(root.get(), "panel", {0, 50, 0, 50});
+    auto deep = makeWidget(panel.get(), "deep", {0, 10, 0, 10});
+    auto shallow = makeWidget(root.get(), "shallow", {0, 10, 0, 10});
+    EXPECT_EQ(root->findWidget("shallow"), shallow);
+    EXPECT_TRUE(root->findWidget("deep").isNull());
+    EXPECT_EQ(root->findWidgetRecursive("deep"), deep);
+    EXPECT_TRUE(root->findWidgetRecursive("nowhere").isNull());
+
+    auto small = [](UiWidget const& w) { return w.getRect().width() == 10; };
+    Iterator<RCShdPtr<UiWidget>> direct = root->findWidgets(small);
+    EXPECT_EQ(direct.getCardinality(), 1);
+    Iterator<RCShdPtr<UiWidget>> all = root->findWidgetsRecursive(small);
+    std::vector<std::string> names;
+    for (; !all.atEnd(); ++all)
+        names.push_back((*all)->getName().str());
+    EXPECT_EQ(names, (std::vector<std::string>{"deep", "shallow"}));
+    EXPECT_TRUE(root->findGroup("panel").isNull());
+    root->removeChildren();
+}
+
+TEST(ContainerFinders, ForEachVisitsBottomToTop) {
+    auto root = MappedRoot::make({0, 100, 0, 100});
+    for (char const* n : {"one", "two", "three"})
+        makeWidget(root.get(), n, {0, 10, 0, 10});
+    struct Collect : UiContainer::FunctorObj {
+        std::vector<std::string> names;
+        void apply(RCShdPtr<UiWidget> const& w) override { names.push_back(w->getName().str()); }
+    } collect;
+    root->forEach(collect);
+    EXPECT_EQ(collect.names, (std::vector<std::string>{"one", "two", "three"}));
+    root->removeChildren();
+}
+
+TEST(ContainerLifetime, ChildOutlivingItsContainerHasNoParent) {
+    RCShdPtr<UiWidget> survivor;
+    {
+        auto root = MappedRoot::make({0, 100, 0, 100});
+        survivor = makeWidget(root.get(), "survivor", {0, 10, 0, 10});
+    }
+    EXPECT_EQ(survivor->getParent(), nullptr);
+    EXPECT_FALSE(survivor->isMapped());
+}

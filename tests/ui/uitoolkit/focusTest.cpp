@@ -1,0 +1,311 @@
+// Keyboard and pointer focus: where focus lands, the focus-out and focus-in notices along the
+// chains of ancestors, key events bubbling up, and the editor hook's fake Return press.
+#include "treeTestSupport.h"
+
+#include "uiFocusKeyboard.h"
+#include "uiFocusPointer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Zr;
+using namespace Zr::TreeTest;
+
+namespace {
+
+// root
+//   a (container)      b (container)
+//     a1  a2             b1
+class FocusKeyboard : public ::testing::Test {
+protected:
+    void SetUp() override {
+        root = MappedRoot::make({0, 300, 0, 300});
+        a = makeContainer(root.get(), "a", {0, 100, 0, 100});
+        b = makeContainer(root.get(), "b", {100, 200, 0, 100});
+        a1 = makeWidget(a.get(), "a1", {0, 10, 0, 10});
+        a2 = makeWidget(a.get(), "a2", {20, 30, 0, 10});
+        b1 = makeWidget(b.get(), "b1", {0, 10, 0, 10});
+        for (UiWidget* w :
+             std::vector<UiWidget*>{root.get(), a.get(), b.get(), a1.get(), a2.get(), b1.get()})
+            watch(w);
+    }
+    void TearDown() override {
+        UiFocusKeyboard::getInstance().setFocus(nullptr);
+        root->removeChildren();
+    }
+    void watch(UiWidget* w) {
+        auto in = std::make_unique<CbFunction<EvEvent>>(
+            [this, w](EvEvent&) { log.push_back("in " + w->getName().str()); });
+        auto out = std::make_unique<CbFunction<EvEvent>>(
+            [this, w](EvEvent&) { log.push_back("out " + w->getName().str()); });
+        auto key = std::make_unique<CbFunction<EvEvent>>([this, w](EvEvent& e) {
+            auto& press = dynamic_cast<EvKeyPressEvent&>(e);
+            log.push_back("key " + std::to_string(press.getTriggerKey()) + " " +
+                          w->getName().str());
+            if (w->getName() == consumer)
+                e.setProcessed();
+        });
+        w->addKbdFocusInCb(in.get());
+        w->addKbdFocusOutCb(out.get());
+        w->addKeyPressCb(key.get());
+        handlers.push_back(std::move(in));
+        handlers.push_back(std::move(out));
+        handlers.push_back(std::move(key));
+    }
+    static UiFocusKeyboard& focus() { return UiFocusKeyboard::getInstance(); }
+
+    RCShdPtr<MappedRoot> root;
+    RCShdPtr<UiContainer> a, b;
+    RCShdPtr<UiWidget> a1, a2, b1;
+    std::vector<std::string> log;
+    std::vector<std::unique_ptr<CbFunction<EvEvent>>> handlers;
+    std::string consumer;
+};
+
+using Log = std::vector<std::string>;
+
+} // namespace
+
+TEST_F(FocusKeyboard, FocusInRunsUpTheNewChainBelowTheRoot) {
+    focus().setFocus(a1);
+    EXPECT_EQ(focus().getFocus(), a1.get());
+    EXPECT_EQ(log, (Log{"in a1", "in a"}));
+    EXPECT_EQ(a1->getKeyboardFocusType(), UiWidget::HasKeyboardFocus);
+    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::ContainsKeyboardFocus);
+    EXPECT_EQ(root->getKeyboardFocusType(), UiWidget::NoKeyboardFocus);
+}
+
+TEST_F(FocusKeyboard, MovingAcrossBranchesLeavesTheOldChainFirst) {
+    focus().setFocus(a1);
+    log.clear();
+    focus().setFocus(b1);
+    EXPECT_EQ(log, (Log{"out a1", "out a", "in b1", "in b"}));
+    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::NoKeyboardFocus);
+    EXPECT_EQ(b->getKeyboardFocusType(), UiWidget::ContainsKeyboardFocus);
+}
+
+TEST_F(FocusKeyboard, CommonAncestorsHearNothing) {
+    focus().setFocus(a1);
+    log.clear();
+    focus().setFocus(a2);
+    EXPECT_EQ(log, (Log{"out a1", "in a2"}));
+    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::ContainsKeyboardFocus);
+}
+
+TEST_F(FocusKeyboard, FocusMovingToAnAncestorAndBackChangesItsKind) {
+    focus().setFocus(a1);
+    log.clear();
+    focus().setFocus(a.get());
+    EXPECT_EQ(log, (Log{"out a1", "out a", "in a"}));
+    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::HasKeyboardFocus);
+    log.clear();
+    focus().setFocus(a1);
+    EXPECT_EQ(log, (Log{"out a", "in a1", "in a"}));
+    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::ContainsKeyboardFocus);
+}
+
+TEST_F(FocusKeyboard, NullFocusClearsAndLeavesTheWholeChain) {
+    focus().setFocus(a1);
+    log.clear();
+    focus().setFocus(nullptr);
+    EXPECT_EQ(focus().getFocus(), nullptr);
+    EXPECT_EQ(log, (Log{"out a1", "out a"}));
+    log.clear();
+    focus().setFocus(nullptr);
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(FocusKeyboard, SameFocusAgainSendsNothing) {
+    focus().setFocus(a1);
+    log.clear();
+    focus().setFocus(a1);
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(FocusKeyboard, PassesToTheNearestKeyboardFocusableAncestor) {
+    a1->setKeyboardFocusable(false);
+    focus().setFocus(a1);
+    EXPECT_EQ(focus().getFocus(), a.get());
+    EXPECT_EQ(log, (Log{"in a"}));
+}
+
+TEST_F(FocusKeyboard, TheRootIsNeverTheFocus) {
+    a1->setKeyboardFocusable(false);
+    a->setKeyboardFocusable(false);
+    focus().setFocus(b1);
+    log.clear();
+    focus().setFocus(a1);
+    EXPECT_EQ(focus().getFocus(), b1.get());
+    focus().setFocus(root.get());
+    EXPECT_EQ(focus().getFocus(), b1.get());
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(FocusKeyboard, NonFocusableWidgetEndsTheCall) {
+    focus().setFocus(b1);
+    log.clear();
+    a1->setFocusable(false);
+    focus().setFocus(a1);
+    EXPECT_EQ(focus().getFocus(), b1.get());
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(FocusKeyboard, KeysBubbleUpToButNotIntoTheRoot) {
+    focus().setFocus(a1);
+    log.clear();
+    EvKeyPressEvent press;
+    press.setTriggerKey(EvKeyCode::letter('x'));
+    focus().processEvent(press);
+    std::string const key = "key " + std::to_string(EvKeyCode::letter('x'));
+    EXPECT_EQ(log, (Log{key + " a1", key + " a"}));
+    EXPECT_FALSE(press.isProcessed());
+
+    log.clear();
+    consumer = "a1";
+    EvKeyPressEvent consumed;
+    consumed.setTriggerKey(EvKeyCode::letter('x'));
+    focus().processEvent(consumed);
+    EXPECT_EQ(log, (Log{key + " a1"}));
+    EXPECT_TRUE(consumed.isProcessed());
+}
+
+TEST_F(FocusKeyboard, KeysWithoutFocusGoNowhere) {
+    EvKeyPressEvent press;
+    press.setTriggerKey(EvKeyCode::Return);
+    focus().processEvent(press);
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(FocusKeyboard, DestroyedWidgetLeavesNoFocusBehind) {
+    RCShdPtr<UiWidget> doomed = makeWidget(b.get(), "doomed", {50, 60, 0, 10});
+    focus().setFocus(doomed);
+    ASSERT_EQ(focus().getFocus(), doomed.get());
+    b->removeChild(doomed);
+    doomed = nullptr;
+    EXPECT_EQ(focus().getFocus(), nullptr);
+}
+
+namespace {
+// Widgets named "editing..." are editors in the middle of an edit; those named "editor..."
+// start their edit on Return.
+struct NameEditorHook : UiFocusKeyboard::EditorHook {
+    bool isEditing(UiWidget& w) const override {
+        return w.getName().str().rfind("editing", 0) == 0;
+    }
+    bool startsEditOnFocus(UiWidget& w) const override {
+        return w.getName().str().rfind("editor", 0) == 0;
+    }
+};
+} // namespace
+
+TEST_F(FocusKeyboard, LeavingAnEditingEditorStartsTheNextEditorsEdit) {
+    NameEditorHook hook;
+    focus().addEditorHook(&hook);
+    auto editing = makeWidget(b.get(), "editingOne", {20, 30, 0, 10});
+    auto editor = makeWidget(b.get(), "editorTwo", {40, 50, 0, 10});
+    watch(editing.get());
+    watch(editor.get());
+
+    focus().setFocus(editing);
+    log.clear();
+    focus().setFocus(editor);
+    EXPECT_TRUE(focus().wasGrabbing());
+    EXPECT_EQ(log, (Log{"out editingOne", "in editorTwo", "key 11 editorTwo"}));
+
+    // A plain widget gets no Return from setFocus...
+    focus().setFocus(editing);
+    log.clear();
+    focus().setFocus(b1);
+    EXPECT_EQ(log, (Log{"out editingOne", "in b1"}));
+
+    // ...but tabbing always hands it on.
+    focus().setFocus(editing);
+    log.clear();
+    focus().cycleFocus(b1.get());
+    EXPECT_EQ(log, (Log{"out editingOne", "in b1", "key 11 b1"}));
+
+    // Leaving a widget that isn't editing fakes nothing.
+    log.clear();
+    focus().setFocus(editor);
+    EXPECT_FALSE(focus().wasGrabbing());
+    EXPECT_EQ(log, (Log{"out b1", "in editorTwo"}));
+    focus().removeEditorHook(&hook);
+    focus().setFocus(nullptr);
+    b->removeChild(editing);
+    b->removeChild(editor);
+}
+
+namespace {
+
+class FocusPointer : public ::testing::Test {
+protected:
+    void SetUp() override {
+        root = MappedRoot::make({0, 100, 0, 100});
+        a = makeWidget(root.get(), "a", {0, 10, 0, 10});
+        b = makeWidget(root.get(), "b", {20, 30, 0, 10});
+        for (UiWidget* w : {a.get(), b.get()}) {
+            auto in = std::make_unique<CbFunction<EvEvent>>([this, w](EvEvent& e) {
+                log.push_back("in " + w->getName().str() + " " +
+                              std::to_string(dynamic_cast<EvFocusInEvent&>(e).getDeviceType()));
+            });
+            auto out = std::make_unique<CbFunction<EvEvent>>(
+                [this, w](EvEvent&) { log.push_back("out " + w->getName().str()); });
+            w->addFocusInCb(in.get());
+            w->addFocusOutCb(out.get());
+            handlers.push_back(std::move(in));
+            handlers.push_back(std::move(out));
+        }
+        savedFrameFlag = UiWidget::PointerFocusFrameEnabled;
+        UiWidget::PointerFocusFrameEnabled = true;
+    }
+    void TearDown() override {
+        UiFocusPointer::getInstance().updateFocus(nullptr);
+        UiFocusPointer::getInstance().updatePointer(nullptr, false);
+        UiWidget::PointerFocusFrameEnabled = savedFrameFlag;
+        root->removeChildren();
+    }
+
+    RCShdPtr<MappedRoot> root;
+    RCShdPtr<UiWidget> a, b;
+    std::vector<std::string> log;
+    std::vector<std::unique_ptr<CbFunction<EvEvent>>> handlers;
+    bool savedFrameFlag = false;
+};
+
+} // namespace
+
+TEST_F(FocusPointer, FocusOutPrecedesFocusInAndRepeatsAreSilent) {
+    UiFocusPointer& pointer = UiFocusPointer::getInstance();
+    pointer.updateFocus(a.get());
+    pointer.updateFocus(b.get());
+    pointer.updateFocus(b.get());
+    pointer.updateFocus(nullptr);
+    EXPECT_EQ(log, (Log{"in a 1", "out a", "in b 1", "out b"}));
+    EXPECT_EQ(pointer.getFocus(), nullptr);
+}
+
+TEST_F(FocusPointer, PointerMovesTheFocusFrameOnlyWhenNotifying) {
+    UiFocusPointer& pointer = UiFocusPointer::getInstance();
+    pointer.updatePointer(a.get(), true);
+    EXPECT_TRUE(a->hasPointerFocus());
+    pointer.updatePointer(b.get(), true);
+    EXPECT_FALSE(a->hasPointerFocus());
+    EXPECT_TRUE(b->hasPointerFocus());
+    pointer.updatePointer(a.get(), false);
+    EXPECT_EQ(pointer.getPointer(), a.get());
+    EXPECT_TRUE(b->hasPointerFocus());
+    EXPECT_FALSE(a->hasPointerFocus());
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(FocusPointer, ForgetDropsTheWidgetSilently) {
+    UiFocusPointer& pointer = UiFocusPointer::getInstance();
+    pointer.updateFocus(a.get());
+    pointer.updatePointer(a.get(), false);
+    log.clear();
+    pointer.forget(a.get());
+    EXPECT_EQ(pointer.getFocus(), nullptr);
+    EXPECT_EQ(pointer.getPointer(), nullptr);
+    EXPECT_TRUE(log.empty());
+}
