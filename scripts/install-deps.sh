@@ -4,7 +4,9 @@
 set -euo pipefail
 
 packages=(g++ cmake make pkg-config ccache
-          libpugixml-dev libgtest-dev libgmock-dev libbenchmark-dev)
+          libpugixml-dev libgtest-dev libgmock-dev libbenchmark-dev
+          libsdl2-dev libgl-dev libegl-dev libopengl-dev xvfb xauth libxtst-dev
+          libfreetype-dev libfontconfig-dev fonts-dejavu-core libtiff-dev libpng-dev)
 
 missing=()
 for p in "${packages[@]}"; do
