@@ -91,6 +91,10 @@ bool UiWindowInitState::checkStencilBits() {
     return stencilBitsChecked == 1;
 }
 
+void UiWindowInitState::resetStencilCheck() {
+    stencilBitsChecked = -1;
+}
+
 void UiWindowInitState::apply() const {
     int w = _rect.width();
     int h = _rect.height();

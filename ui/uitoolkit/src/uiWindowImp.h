@@ -59,6 +59,8 @@ public:
     void apply() const;
     // Whether the visual has stencil bits enough to count overdraw; warns once if not.
     static bool checkStencilBits();
+    // Forgets the result of the check: after the window system changed its visual.
+    static void resetStencilCheck();
 
 private:
     GeRectangle<int> _rect;
