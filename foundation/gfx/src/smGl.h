@@ -69,7 +69,12 @@ constexpr unsigned TEXTURE0 = 0x84C0, TEXTURE_ENV = 0x2300, TEXTURE_ENV_MODE = 0
                    MODULATE = 0x2100, DECAL = 0x2101, NEAREST = 0x2600, LINEAR = 0x2601,
                    TEXTURE_MAG_FILTER = 0x2800, TEXTURE_MIN_FILTER = 0x2801,
                    TEXTURE_WRAP_S = 0x2802, TEXTURE_WRAP_T = 0x2803, REPEAT = 0x2901,
-                   CLAMP_TO_EDGE = 0x812F;
+                   CLAMP_TO_EDGE = 0x812F, TEXTURE_ENV_COLOR = 0x2201, TEXTURE_BINDING_2D = 0x8069,
+                   CLAMP = 0x2900;
+// Errors and strings.
+constexpr unsigned NO_ERROR = 0, INVALID_ENUM = 0x0500, INVALID_VALUE = 0x0501,
+                   INVALID_OPERATION = 0x0502, OUT_OF_MEMORY = 0x0505, VENDOR = 0x1F00,
+                   RENDERER = 0x1F01, VERSION = 0x1F02, EXTENSIONS = 0x1F03;
 
 // How many values a query of `pname` writes (1 where it isn't one of the known vectors).
 int getValueCount(unsigned pname);
@@ -175,6 +180,21 @@ public:
                                unsigned format, unsigned type, void const* data) = 0;
     virtual void texParameteri(unsigned target, unsigned pname, int param) = 0;
     virtual void texEnvi(unsigned target, unsigned pname, int param) = 0;
+
+    // Calls added later; a backend that doesn't know them does nothing (and reports no error).
+    virtual void texParameterf(unsigned, unsigned, float) {}
+    virtual void texEnvfv(unsigned, unsigned, float const*) {}
+    virtual void texCoord2i(int, int) {}
+    virtual void texCoord2fv(float const*) {}
+    virtual void copyTexSubImage2D(unsigned, int, int, int, int, int, int, int) {}
+    virtual void pixelStoref(unsigned, float) {}
+    virtual void pixelTransferf(unsigned, float) {}
+    virtual void color4ub(unsigned char, unsigned char, unsigned char, unsigned char) {}
+    virtual void rasterPos2i(int, int) {}
+    virtual void bitmap(int, int, float, float, float, float, unsigned char const*) {}
+    virtual unsigned getError() { return Gl::NO_ERROR; }
+    // The driver's text for VENDOR, RENDERER, VERSION or EXTENSIONS; empty without a driver.
+    virtual char const* getString(unsigned) { return ""; }
 };
 
 // The calls as the drawing code writes them: SmGl::recti(0, 0, 10, 10).
@@ -315,6 +335,30 @@ public:
     static void texEnvi(unsigned target, unsigned pname, int param) {
         get().texEnvi(target, pname, param);
     }
+    static void texParameterf(unsigned target, unsigned pname, float param) {
+        get().texParameterf(target, pname, param);
+    }
+    static void texEnvfv(unsigned target, unsigned pname, float const* params) {
+        get().texEnvfv(target, pname, params);
+    }
+    static void texCoord2i(int s, int t) { get().texCoord2i(s, t); }
+    static void texCoord2fv(float const* v) { get().texCoord2fv(v); }
+    static void copyTexSubImage2D(unsigned target, int level, int xoffset, int yoffset, int x,
+                                  int y, int width, int height) {
+        get().copyTexSubImage2D(target, level, xoffset, yoffset, x, y, width, height);
+    }
+    static void pixelStoref(unsigned pname, float param) { get().pixelStoref(pname, param); }
+    static void pixelTransferf(unsigned pname, float param) { get().pixelTransferf(pname, param); }
+    static void color4ub(unsigned char r, unsigned char g, unsigned char b, unsigned char a) {
+        get().color4ub(r, g, b, a);
+    }
+    static void rasterPos2i(int x, int y) { get().rasterPos2i(x, y); }
+    static void bitmap(int width, int height, float xorig, float yorig, float xmove, float ymove,
+                       unsigned char const* bits) {
+        get().bitmap(width, height, xorig, yorig, xmove, ymove, bits);
+    }
+    static unsigned getError() { return get().getError(); }
+    static char const* getString(unsigned name) { return get().getString(name); }
 
 private:
     static SmGlBackend* _backend;

@@ -487,4 +487,59 @@ void SmGlRecorder::texEnvi(unsigned target, unsigned pname, int param) {
     record("texEnvi", {toText(target), toText(pname), toText(param)});
 }
 
+void SmGlRecorder::texParameterf(unsigned target, unsigned pname, float param) {
+    record("texParameterf", {toText(target), toText(pname), toText(param)});
+}
+
+void SmGlRecorder::texEnvfv(unsigned target, unsigned pname, float const* params) {
+    record("texEnvfv", {toText(target), toText(pname), formatArray(params, 4)});
+}
+
+void SmGlRecorder::texCoord2i(int s, int t) {
+    record("texCoord2i", {toText(s), toText(t)});
+}
+
+void SmGlRecorder::texCoord2fv(float const* v) {
+    record("texCoord2fv", {formatArray(v, 2)});
+}
+
+void SmGlRecorder::copyTexSubImage2D(unsigned target, int level, int xoffset, int yoffset, int x,
+                                     int y, int width, int height) {
+    record("copyTexSubImage2D", {toText(target), toText(level), toText(xoffset), toText(yoffset),
+                                 toText(x), toText(y), toText(width), toText(height)});
+}
+
+void SmGlRecorder::pixelStoref(unsigned pname, float param) {
+    record("pixelStoref", {toText(pname), toText(param)});
+}
+
+void SmGlRecorder::pixelTransferf(unsigned pname, float param) {
+    record("pixelTransferf", {toText(pname), toText(param)});
+}
+
+void SmGlRecorder::color4ub(unsigned char r, unsigned char g, unsigned char b, unsigned char a) {
+    record("color4ub", {toText(int(r)), toText(int(g)), toText(int(b)), toText(int(a))});
+    _color = {r / 255.f, g / 255.f, b / 255.f, a / 255.f};
+}
+
+void SmGlRecorder::rasterPos2i(int x, int y) {
+    record("rasterPos2i", {toText(x), toText(y)});
+}
+
+void SmGlRecorder::bitmap(int width, int height, float xorig, float yorig, float xmove, float ymove,
+                          unsigned char const* bits) {
+    record("bitmap", {toText(width), toText(height), toText(xorig), toText(yorig), toText(xmove),
+                      toText(ymove), formatPointer(bits)});
+}
+
+unsigned SmGlRecorder::getError() {
+    record("getError", {});
+    return Gl::NO_ERROR;
+}
+
+char const* SmGlRecorder::getString(unsigned name) {
+    record("getString", {toText(name)});
+    return "";
+}
+
 } // namespace Zr

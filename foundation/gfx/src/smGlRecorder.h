@@ -137,6 +137,20 @@ public:
                        unsigned format, unsigned type, void const* data) override;
     void texParameteri(unsigned target, unsigned pname, int param) override;
     void texEnvi(unsigned target, unsigned pname, int param) override;
+    void texParameterf(unsigned target, unsigned pname, float param) override;
+    void texEnvfv(unsigned target, unsigned pname, float const* params) override;
+    void texCoord2i(int s, int t) override;
+    void texCoord2fv(float const* v) override;
+    void copyTexSubImage2D(unsigned target, int level, int xoffset, int yoffset, int x, int y,
+                           int width, int height) override;
+    void pixelStoref(unsigned pname, float param) override;
+    void pixelTransferf(unsigned pname, float param) override;
+    void color4ub(unsigned char r, unsigned char g, unsigned char b, unsigned char a) override;
+    void rasterPos2i(int x, int y) override;
+    void bitmap(int width, int height, float xorig, float yorig, float xmove, float ymove,
+                unsigned char const* bits) override;
+    unsigned getError() override;
+    char const* getString(unsigned name) override;
 
 private:
     void record(char const* name, std::initializer_list<std::string> args);
