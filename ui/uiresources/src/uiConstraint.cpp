@@ -2,12 +2,15 @@
 // the XML and text forms.
 #include "uiConstraint.h"
 
+#include "uiResNumberText.h"
+
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
 #include <cfloat>
 #include <cmath>
 #include <istream>
+#include <limits>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -64,6 +67,20 @@ std::string restOfLine(std::istream& is) {
     return start == std::string::npos ? std::string() : rest.substr(start);
 }
 
+// A computed edge as a pixel: values beyond the range of int (a constraint may say "1e30 p l")
+// stop at its ends, and a value that is not a number gives 0.
+int toPixel(float edge) {
+    constexpr float Low = -2147483648.f; // -2^31, exact in float
+    constexpr float High = 2147483520.f; // the largest float below 2^31
+    if (!(edge == edge))
+        return 0;
+    if (edge <= Low)
+        return std::numeric_limits<int>::min();
+    if (edge >= High)
+        return static_cast<int>(High);
+    return static_cast<int>(edge);
+}
+
 // One edge on one axis. `far` says whether the edge is computed second and so loses the gap of
 // TypeUnit; `dimOrigin` is the origin of TargetDimension (the other edge, once computed).
 int calcEdge(float v, UiConstraint::Type type, UiConstraint::Target target, bool lowEdge, bool far,
@@ -111,7 +128,7 @@ int calcEdge(float v, UiConstraint::Type type, UiConstraint::Target target, bool
         }
         break;
     }
-    return static_cast<int>(std::floor(origin + v + 0.5f));
+    return toPixel(std::floor(origin + v + 0.5f));
 }
 
 struct AxisResult {
@@ -414,7 +431,8 @@ void UiConstraint::writeText(std::ostream& os) const {
     for (int i = 0; i < 4; ++i) {
         if (i > 0)
             os << ' ';
-        os << getValue(i) << ' ' << typeKeyword(type[i]) << ' '
+        writeShortestNumber(os, getValue(i));
+        os << ' ' << typeKeyword(type[i]) << ' '
            << targetKeyword(target[i], i == EdgeX1 || i == EdgeX2);
         if (needsSibling(target[i]))
             os << ' ' << sibling[i];

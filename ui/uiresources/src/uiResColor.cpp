@@ -2,6 +2,7 @@
 #include "uiResColor.h"
 
 #include "uiColorRegistry.h"
+#include "uiResNumberText.h"
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
@@ -58,7 +59,11 @@ void UiResColor::write(XmlWriter& writer, bool) const {
 }
 
 void UiResColor::write(std::ostream& os, bool) const {
-    _color.dump(os);
+    writeShortestNumber(os, _color.r);
+    os << ' ';
+    writeShortestNumber(os, _color.g);
+    os << ' ';
+    writeShortestNumber(os, _color.b);
 }
 
 } // namespace Zr

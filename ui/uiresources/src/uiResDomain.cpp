@@ -78,9 +78,11 @@ void UiResDomain::write(XmlWriter& writer, bool) const {
 }
 
 void UiResDomain::write(std::ostream& os, bool) const {
-    os << '"' << getName() << '"';
+    UiResText::writeToken(os, getName());
     for (Binding const& binding : _bindings) {
-        os << " \"" << binding.first << "\" ";
+        os << ' ';
+        UiResText::writeToken(os, binding.first);
+        os << ' ';
         binding.second.dump(os);
     }
 }

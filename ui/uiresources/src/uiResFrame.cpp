@@ -36,7 +36,7 @@ void UiResFrame::write(XmlWriter& writer, bool) const {
 }
 
 void UiResFrame::write(std::ostream& os, bool) const {
-    os << _frameType;
+    UiResText::writeToken(os, _frameType.str());
 }
 
 } // namespace Zr

@@ -1,6 +1,8 @@
 // UiResMinMax: the two forms of a range.
 #include "uiResMinMax.h"
 
+#include "uiResNumberText.h"
+
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
@@ -48,7 +50,11 @@ void UiResMinMax::write(XmlWriter& writer, bool) const {
 }
 
 void UiResMinMax::write(std::ostream& os, bool) const {
-    os << _min << ' ' << _max << ' ' << _step;
+    writeShortestNumber(os, _min);
+    os << ' ';
+    writeShortestNumber(os, _max);
+    os << ' ';
+    writeShortestNumber(os, _step);
 }
 
 } // namespace Zr

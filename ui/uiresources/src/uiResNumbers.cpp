@@ -1,15 +1,14 @@
 // UiResInt and UiResDouble: lists of numbers, one type element per value.
 #include "uiResDouble.h"
 #include "uiResInt.h"
+#include "uiResNumberText.h"
 
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
-#include <charconv>
 #include <istream>
 #include <ostream>
 #include <sstream>
-#include <string_view>
 
 namespace Zr {
 
@@ -108,11 +107,9 @@ void UiResDouble::write(XmlWriter& writer, bool) const {
 }
 
 void UiResDouble::write(std::ostream& os, bool) const {
-    // The shortest text that reads back to the same double.
     for (double value : _values) {
-        char buffer[32];
-        auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value);
-        os << std::string_view(buffer, ec == std::errc() ? end - buffer : 0) << ' ';
+        writeShortestNumber(os, value);
+        os << ' ';
     }
 }
 

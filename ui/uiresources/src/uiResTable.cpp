@@ -1,5 +1,5 @@
-// UiResTable: reading resource tables from XML files and texts, reporting each bad definition or
-// resource and going on, and writing a table back.
+// UiResTable: reading resource tables from XML files and texts and from the text form, reporting
+// each bad definition or resource and going on, and writing a table back in either form.
 #include "uiResTable.h"
 
 #include "uiColorRegistry.h"
@@ -15,8 +15,14 @@
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
+#include <pugixml.hpp>
+
+#include <cctype>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <sstream>
+#include <string_view>
 #include <system_error>
 
 namespace Zr {
@@ -36,12 +42,103 @@ void reportResourceError(std::string const& file, std::string const& logText) {
     LgLog::writeLine(*group, logText);
 }
 
-// An attribute that must be present and not empty.
-std::string requiredAttribute(XmlElement const& element, char const* name, LiString const& owner) {
-    std::string value = element.getAttribute(name);
-    if (value.empty())
-        throw UiResourceEx::UiResTableEx::ExNoParameters(__FILE__, __LINE__, owner);
-    return value;
+// The first child that is an element (text and comments do not count); empty if none.
+pugi::xml_node firstChildElement(pugi::xml_node node) {
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+        if (child.type() == pugi::node_element)
+            return child;
+    }
+    return {};
+}
+
+// The keywords of the text form; a quoted first token is never one of them.
+char const* const FontKeyword = "FontDefinition";
+char const* const ColorKeyword = "ColorDefinition";
+char const* const WidgetKeyword = "Widget";
+
+// One statement of the text form, with its first token and whether that token was quoted.
+struct Statement {
+    std::string text;
+    std::string first;
+    bool quoted = false;
+
+    bool is(char const* keyword) const { return !quoted && first == keyword; }
+};
+
+void addStatement(std::vector<Statement>& statements, std::string_view text) {
+    std::size_t start = 0;
+    while (start < text.size() && std::isspace(static_cast<unsigned char>(text[start])))
+        ++start;
+    if (start == text.size() || text[start] == '#')
+        return;
+    Statement statement;
+    statement.quoted = text[start] == '"';
+    statement.text.assign(text);
+    std::istringstream line(statement.text);
+    UiResText::readToken(line, statement.first);
+    statements.push_back(std::move(statement));
+}
+
+// Splits the text form into statements: a line break ends a statement unless it stands inside
+// a quoted phrase. Blank lines and comment lines (first character '#') are left out. A quote
+// left open at the end of the text holds only to the end of its own line, so that one stray
+// quote cannot swallow the statements after it.
+std::vector<Statement> splitStatements(std::istream& is) {
+    std::string const text{std::istreambuf_iterator<char>(is), std::istreambuf_iterator<char>()};
+    std::vector<Statement> statements;
+    std::size_t start = 0;
+    bool inQuotes = false;
+    bool tokenStart = true;
+    std::size_t i = 0;
+    while (i <= text.size()) {
+        if (i == text.size()) {
+            std::size_t const lineEnd = inQuotes ? text.find('\n', start) : std::string::npos;
+            if (lineEnd == std::string::npos) {
+                addStatement(statements, std::string_view(text).substr(start));
+                break;
+            }
+            addStatement(statements, std::string_view(text).substr(start, lineEnd - start));
+            start = i = lineEnd + 1;
+            inQuotes = false;
+            tokenStart = true;
+            continue;
+        }
+        char const c = text[i++];
+        if (inQuotes) {
+            // As readToken reads a phrase: \" and \\ are escapes, a plain quote closes it.
+            if (c == '\\' && i < text.size() && (text[i] == '"' || text[i] == '\\'))
+                ++i;
+            else if (c == '"') {
+                inQuotes = false;
+                tokenStart = true;
+            }
+        } else if (c == '\n') {
+            addStatement(statements, std::string_view(text).substr(start, i - 1 - start));
+            start = i;
+            tokenStart = true;
+        } else if (std::isspace(static_cast<unsigned char>(c))) {
+            tokenStart = true;
+        } else {
+            inQuotes = c == '"' && tokenStart;
+            tokenStart = false;
+        }
+    }
+    return statements;
+}
+
+// A stream over the statement after its first token.
+std::istringstream restOf(Statement const& statement) {
+    std::istringstream is(statement.text);
+    std::string skipped;
+    UiResText::readToken(is, skipped);
+    return is;
+}
+
+// The next token, or "" at the end.
+std::string nextToken(std::istream& is) {
+    std::string token;
+    UiResText::readToken(is, token);
+    return token;
 }
 
 } // namespace
@@ -112,43 +209,55 @@ void UiResTable::readRoot(XmlElement const& root, UiResource::Level level, char 
         readWidgetCatchErrors(widget, level, file);
 }
 
+void UiResTable::setTooltips(LiString const& widget, std::string const& tooltipId,
+                             std::string const& defaultTooltip, UiResource::Level level) {
+    // Tooltips given with the widget become Text resources like any other; a DefaultTooltip
+    // without a TooltipId is ignored.
+    if (tooltipId.empty())
+        return;
+    RCShdPtr<UiResText> id(new UiResText("TooltipId"));
+    id->append(tooltipId.c_str());
+    id->setLevel(level);
+    RCShdPtr<UiResText> text(new UiResText("DefaultTooltip"));
+    text->append(defaultTooltip.c_str());
+    text->setLevel(level);
+    UiResSet& set = getOrCreateSet(widget);
+    set.set(id);
+    set.set(text);
+}
+
+template <class Read>
+void UiResTable::readResource(LiString const& widget, std::string const& name,
+                              std::string const& type, bool hasType, UiResource::Level level,
+                              Read const& read) {
+    if (!hasType)
+        throw UiResourceEx::UiResTableEx::ExNoType(__FILE__, __LINE__, widget, name);
+    RCShdPtr<UiResource> resource = UiResRegistry::getInstance().getResource(type.c_str());
+    if (!resource)
+        throw UiResourceEx::UiResTableEx::ExUnknownType(__FILE__, __LINE__, widget, name);
+    resource->setName(name);
+    read(*resource);
+    // Set again: the text form of a domain carries a name of its own.
+    resource->setName(name);
+    resource->setLevel(level);
+    getOrCreateSet(widget).set(resource);
+}
+
 LiString UiResTable::readWidget(XmlElement const& element, UiResource::Level level,
                                 char const* file) {
     std::string const handle = element.getAttribute("Name");
     if (handle.empty())
         throw UiResourceEx::UiResTableEx::ExNoWidget(__FILE__, __LINE__);
     LiString const widget(handle);
-
-    // Tooltips may stand as attributes; they become Text resources like any other.
-    std::string const tooltipId = element.getAttribute("TooltipId");
-    if (!tooltipId.empty()) {
-        RCShdPtr<UiResText> id(new UiResText("TooltipId"));
-        id->append(tooltipId.c_str());
-        id->setLevel(level);
-        RCShdPtr<UiResText> text(new UiResText("DefaultTooltip"));
-        text->append(element.getAttribute("DefaultTooltip").c_str());
-        text->setLevel(level);
-        UiResSet& set = getOrCreateSet(widget);
-        set.set(id);
-        set.set(text);
-    }
+    setTooltips(widget, element.getAttribute("TooltipId"), element.getAttribute("DefaultTooltip"),
+                level);
 
     for (XmlElement const& child : element.getChildren()) {
         std::string const resourceName = child.getNodeName();
         try {
-            std::vector<XmlElement> const typeElements = child.getChildren();
-            if (typeElements.empty())
-                throw UiResourceEx::UiResTableEx::ExNoType(__FILE__, __LINE__, widget,
-                                                           resourceName);
-            RCShdPtr<UiResource> resource = UiResRegistry::getInstance().getResource(
-                typeElements.front().getNodeName().c_str());
-            if (!resource)
-                throw UiResourceEx::UiResTableEx::ExUnknownType(__FILE__, __LINE__, widget,
-                                                                resourceName);
-            resource->setName(resourceName);
-            resource->read(child);
-            resource->setLevel(level);
-            getOrCreateSet(widget).set(resource);
+            pugi::xml_node const typeNode = firstChildElement(child.getNode());
+            readResource(widget, resourceName, typeNode.name(), !typeNode.empty(), level,
+                         [&child](UiResource& resource) { resource.read(child); });
         } catch (UiResourceEx const& ex) {
             reportResourceError(file, "Error in resource '" + resourceName + "' for widget '" +
                                           handle + "' (in " + file + "):\n" + ex.getReason());
@@ -180,12 +289,17 @@ LiString UiResTable::readWidgetCatchErrors(LiString const& xmlText, UiResource::
     return {};
 }
 
-void UiResTable::readFont(XmlElement const& element) {
-    std::string const handle = element.getAttribute("Handle");
+void UiResTable::defineFont(std::string const& handle, std::string const& name) {
     if (handle.empty())
         throw UiResourceEx::UiResTableEx::ExNoName(__FILE__, __LINE__, LiString("FontDefinition"));
-    requiredAttribute(element, "Name", handle);
+    if (name.empty())
+        throw UiResourceEx::UiResTableEx::ExNoParameters(__FILE__, __LINE__, LiString(handle));
     // The windowing layer has no font registry yet: the definition is checked, not registered.
+}
+
+void UiResTable::readFont(XmlElement const& element) {
+    std::string const handle = element.getAttribute("Handle");
+    defineFont(handle, handle.empty() ? std::string() : element.getAttribute("Name"));
 }
 
 void UiResTable::readFontCatchErrors(XmlElement const& element, char const* file) {
@@ -197,13 +311,13 @@ void UiResTable::readFontCatchErrors(XmlElement const& element, char const* file
     }
 }
 
-void UiResTable::readColor(XmlElement const& element) {
-    std::string const handle = element.getAttribute("Handle");
+void UiResTable::defineColor(std::string const& handle, std::string const texts[3]) {
     if (handle.empty())
         throw UiResourceEx::UiResTableEx::ExNoName(__FILE__, __LINE__, LiString("ColorDefinition"));
-    std::string const texts[3] = {requiredAttribute(element, "R", handle),
-                                  requiredAttribute(element, "G", handle),
-                                  requiredAttribute(element, "B", handle)};
+    for (int i = 0; i < 3; ++i) {
+        if (texts[i].empty())
+            throw UiResourceEx::UiResTableEx::ExNoParameters(__FILE__, __LINE__, LiString(handle));
+    }
     int components[3] = {0, 0, 0};
     for (int i = 0; i < 3; ++i) {
         std::istringstream is(texts[i]);
@@ -213,12 +327,111 @@ void UiResTable::readColor(XmlElement const& element) {
                                                  components[2]);
 }
 
+void UiResTable::readColor(XmlElement const& element) {
+    std::string const texts[3] = {element.getAttribute("R"), element.getAttribute("G"),
+                                  element.getAttribute("B")};
+    defineColor(element.getAttribute("Handle"), texts);
+}
+
 void UiResTable::readColorCatchErrors(XmlElement const& element, char const* file) {
     try {
         readColor(element);
     } catch (UiResourceEx const& ex) {
         reportResourceError(file, std::string("Color resource error in ") + file + ":\n" +
                                       ex.getReason());
+    }
+}
+
+void UiResTable::readTableText(OsFilePath const& path, UiResource::Level level) {
+    _resTableName = path.getBaseName(OsFilePath::WithoutExtension);
+    std::ifstream is(path.getPath(), std::ios::binary);
+    if (!is)
+        return;
+    std::string const file = path.toString();
+    readTableText(is, level, file.c_str());
+}
+
+void UiResTable::readTableText(std::string const& text, UiResource::Level level) {
+    std::istringstream is(text);
+    readTableText(is, level, InternalResourceString);
+}
+
+void UiResTable::readTableText(std::istream& is, UiResource::Level level, char const* file) {
+    std::vector<Statement> const statements = splitStatements(is);
+    // Definitions first, whatever their place, as in the XML form.
+    for (Statement const& statement : statements) {
+        if (!statement.is(FontKeyword))
+            continue;
+        try {
+            std::istringstream rest = restOf(statement);
+            std::string const handle = nextToken(rest);
+            defineFont(handle, nextToken(rest));
+        } catch (UiResourceEx const& ex) {
+            reportResourceError(file, std::string("Font resource error in ") + file + ":\n" +
+                                          ex.getReason());
+        }
+    }
+    for (Statement const& statement : statements) {
+        if (!statement.is(ColorKeyword))
+            continue;
+        try {
+            std::istringstream rest = restOf(statement);
+            std::string const handle = nextToken(rest);
+            std::string texts[3];
+            for (std::string& text : texts)
+                text = nextToken(rest);
+            defineColor(handle, texts);
+        } catch (UiResourceEx const& ex) {
+            reportResourceError(file, std::string("Color resource error in ") + file + ":\n" +
+                                          ex.getReason());
+        }
+    }
+
+    // Resource lines go to the widget of the last Widget line. Lines after a Widget line that
+    // failed are skipped with it; lines before any Widget line are reported once per run.
+    enum class Owner { None, Failed, Widget } owner = Owner::None;
+    LiString widget;
+    for (Statement const& statement : statements) {
+        if (statement.is(FontKeyword) || statement.is(ColorKeyword))
+            continue;
+        if (statement.is(WidgetKeyword)) {
+            try {
+                std::istringstream rest = restOf(statement);
+                std::string const handle = nextToken(rest);
+                if (handle.empty())
+                    throw UiResourceEx::UiResTableEx::ExNoWidget(__FILE__, __LINE__);
+                std::string const tooltipId = nextToken(rest);
+                widget = LiString(handle);
+                getOrCreateSet(widget);
+                setTooltips(widget, tooltipId, nextToken(rest), level);
+                owner = Owner::Widget;
+            } catch (UiResourceEx const& ex) {
+                reportResourceError(file, std::string("Widget resource error in ") + file + ":\n" +
+                                              ex.getReason());
+                owner = Owner::Failed;
+            }
+            continue;
+        }
+        if (owner == Owner::Failed)
+            continue;
+        if (owner == Owner::None) {
+            UiResourceEx::UiResTableEx::ExNoWidget const ex(__FILE__, __LINE__,
+                                                            statement.first.c_str());
+            reportResourceError(file, std::string("Widget resource error in ") + file + ":\n" +
+                                          ex.getReason());
+            owner = Owner::Failed;
+            continue;
+        }
+        try {
+            std::istringstream rest = restOf(statement);
+            std::string type;
+            bool const hasType = UiResText::readToken(rest, type);
+            readResource(widget, statement.first, type, hasType, level,
+                         [&rest](UiResource& resource) { resource.read(rest); });
+        } catch (UiResourceEx const& ex) {
+            reportResourceError(file, "Error in resource '" + statement.first + "' for widget '" +
+                                          widget.str() + "' (in " + file + "):\n" + ex.getReason());
+        }
     }
 }
 
@@ -266,6 +479,45 @@ void UiResTable::writeTable(XmlWriter& writer) const {
         for (RCShdPtr<UiResource> const& resource : set->getResources()) {
             XmlWriter::ElementGuard element(writer, resource->getName());
             resource->write(writer, true);
+        }
+    }
+}
+
+} // namespace Zr
+
+namespace Zr {
+
+namespace {
+
+// A name token as the text form writes it: quoted when a reader would otherwise take it for a
+// keyword or a comment.
+void writeName(std::ostream& os, std::string const& name) {
+    if (name == FontKeyword || name == ColorKeyword || name == WidgetKeyword ||
+        (!name.empty() && name.front() == '#'))
+        os << '"' << name << '"';
+    else
+        UiResText::writeToken(os, name);
+}
+
+} // namespace
+
+void UiResTable::writeTableText(std::ostream& os) const {
+    std::ostringstream payload;
+    for (auto const& [name, set] : _table) {
+        os << WidgetKeyword << ' ';
+        UiResText::writeToken(os, name.str());
+        os << '\n';
+        for (RCShdPtr<UiResource> const& resource : set->getResources()) {
+            os << "    ";
+            writeName(os, resource->getName());
+            os << ' ' << resource->getType();
+            payload.str(std::string());
+            resource->write(payload, true);
+            std::string const text = payload.str();
+            std::size_t const first = text.find_first_not_of(' ');
+            if (first != std::string::npos)
+                os << ' ' << text.substr(first, text.find_last_not_of(' ') + 1 - first);
+            os << '\n';
         }
     }
 }

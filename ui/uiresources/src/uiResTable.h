@@ -6,6 +6,7 @@
 
 #include "osFilePath.h"
 
+#include <iosfwd>
 #include <map>
 #include <memory>
 #include <string>
@@ -27,6 +28,20 @@ class XmlWriter;
 //   </ResourceTable>
 // Definitions and widgets are found at any depth below the root. Fonts and colours are read
 // first, then widgets, so a widget may name a colour defined further down.
+//
+// The text form holds the same table, one statement per line:
+//   # a comment line
+//   FontDefinition Small "DejaVu Sans 9"
+//   ColorDefinition Warning 255 80 0
+//   Widget okButton ok Accept            <- name, then optionally TooltipId and DefaultTooltip
+//       Rectangle Coord 0 0 60 20        <- resource name, type, payload in the type's text form
+//       Background Color Warning
+//       Label Text "OK, go"
+// Tokens are words or double-quoted phrases (\" and \\ inside quotes); a line break inside
+// quotes does not end the statement. Resource lines belong to the Widget line above them.
+// FontDefinition, ColorDefinition and Widget are keywords only when not quoted, so a resource
+// of one of those names is written quoted. As in XML, definitions are read before widgets.
+// A Widget line makes an entry even without resources, so that empty sets read back too.
 class UiResTable {
 public:
     using Table = std::map<LiString, std::unique_ptr<UiResSet>>;
@@ -51,6 +66,15 @@ public:
     // The same, reporting instead of throwing; an empty name after a failure.
     LiString readWidgetCatchErrors(XmlElement const& element, UiResource::Level level,
                                    char const* file);
+    // The text form. A missing file is no error, as for XML; the file's base name becomes the
+    // table's name. A bad statement is reported like a bad element and reading goes on.
+    void readTableText(OsFilePath const& path, UiResource::Level level);
+    // A table given in the text form; "internal resource string" names it in reports. The
+    // table's name stays as it was.
+    void readTableText(std::string const& text, UiResource::Level level);
+    // Reads the text form from a stream, naming `file` in reports.
+    void readTableText(std::istream& is, UiResource::Level level, char const* file);
+
     // Parses a text whose root is one Widget element ("resource string" in reports) and reads
     // it. This is how UiWidget::changeResource applies a text such as
     //   <Widget Name="ok"><Foreground><Color>Red</Color></Foreground></Widget>:
@@ -84,6 +108,9 @@ public:
     // Writes the widgets only, in name order; levels, fonts and colour definitions are not
     // written, and tooltips come out as Text resources.
     void writeTable(XmlWriter& writer) const;
+    // The same in the text form: one Widget line per widget (with or without resources) and one
+    // line per resource, its payload written with the flag true.
+    void writeTableText(std::ostream& os) const;
 
     std::string const& getResTableName() const { return _resTableName; }
     void setResTableName(std::string const& name) { _resTableName = name; }
@@ -101,6 +128,15 @@ public:
 private:
     UiResSet& getOrCreateSet(LiString const& widget);
     void readRoot(XmlElement const& root, UiResource::Level level, char const* file);
+    void setTooltips(LiString const& widget, std::string const& tooltipId,
+                     std::string const& defaultTooltip, UiResource::Level level);
+    // A resource named `name` of type `type` whose payload `read` fills; thrown errors are the
+    // caller's to report.
+    template <class Read>
+    void readResource(LiString const& widget, std::string const& name, std::string const& type,
+                      bool hasType, UiResource::Level level, Read const& read);
+    static void defineFont(std::string const& handle, std::string const& name);
+    static void defineColor(std::string const& handle, std::string const texts[3]);
 
     std::string _resTableName;
     Table _table;

@@ -13,7 +13,8 @@ namespace Zr {
 
 namespace {
 constexpr char Quote = '"';
-}
+constexpr char Backslash = '\\';
+} // namespace
 
 bool UiResText::readToken(std::istream& is, std::string& token) {
     token.clear();
@@ -24,7 +25,7 @@ bool UiResText::readToken(std::istream& is, std::string& token) {
     if (c == Quote) {
         is.get();
         while ((c = is.get()) != std::char_traits<char>::eof()) {
-            if (c == '\\' && is.peek() == Quote) {
+            if (c == Backslash && (is.peek() == Quote || is.peek() == Backslash)) {
                 token += static_cast<char>(is.get());
                 continue;
             }
@@ -32,6 +33,7 @@ bool UiResText::readToken(std::istream& is, std::string& token) {
                 break;
             token += static_cast<char>(c);
         }
+        // A phrase cut off by the end of the stream counts as read.
         is.clear(is.rdstate() & ~std::ios::failbit);
         return true;
     }
@@ -39,6 +41,30 @@ bool UiResText::readToken(std::istream& is, std::string& token) {
            !std::isspace(static_cast<unsigned char>(c)))
         token += static_cast<char>(is.get());
     return true;
+}
+
+bool UiResText::needsQuotes(std::string const& text) {
+    if (text.empty() || text.front() == Quote)
+        return true;
+    for (char c : text) {
+        if (std::isspace(static_cast<unsigned char>(c)))
+            return true;
+    }
+    return false;
+}
+
+void UiResText::writeToken(std::ostream& os, std::string const& text) {
+    if (!needsQuotes(text)) {
+        os << text;
+        return;
+    }
+    os << Quote;
+    for (char c : text) {
+        if (c == Quote || c == Backslash)
+            os << Backslash;
+        os << c;
+    }
+    os << Quote;
 }
 
 UiResText::UiResText(LiString const& name, char const* text) : UiResource(name) {
@@ -69,12 +95,10 @@ void UiResText::write(XmlWriter& writer, bool) const {
 void UiResText::write(std::ostream& os, bool flag) const {
     for (LiString const& s : _strings) {
         os << ' ';
-        if (!s.empty() && s.str().find(' ') == std::string::npos)
-            os << s;
-        else if (flag)
-            os << Quote << s << Quote;
+        if (flag || !needsQuotes(s.str()))
+            writeToken(os, s.str());
         else
-            os << '\\' << Quote << s << '\\' << Quote;
+            os << Backslash << Quote << s << Backslash << Quote;
     }
 }
 

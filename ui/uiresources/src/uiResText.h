@@ -20,8 +20,9 @@ public:
     void read(XmlElement const& element) override;
     void read(std::istream& is) override;
     void write(XmlWriter& writer, bool flag) const override;
-    // Each string after one blank; a string with a blank is quoted: "text" when `flag` is
-    // true, \"text\" when false, so that the result can itself stand inside a quoted string.
+    // Each string after one blank. An empty string, one holding white space or one starting
+    // with a quote is quoted: as writeToken does when `flag` is true, as \"text\" when false,
+    // so that the result can itself stand inside a quoted string.
     void write(std::ostream& os, bool flag) const override;
     ZR_UI_RESOURCE_CLONE(UiResText)
 
@@ -33,8 +34,14 @@ public:
     std::vector<LiString> const& getStrings() const { return _strings; }
 
     // Reads the next token: a word up to the next blank, or a phrase between double quotes in
-    // which \" stands for a quote. false at the end of the stream.
+    // which \" stands for a quote and \\ for a backslash (any other backslash is kept as it
+    // is). false at the end of the stream.
     static bool readToken(std::istream& is, std::string& token);
+    // Writes `text` so that readToken gives it back: as it stands when it is a plain word, else
+    // between double quotes with its quotes and backslashes escaped.
+    static void writeToken(std::ostream& os, std::string const& text);
+    // Whether writeToken has to quote `text`.
+    static bool needsQuotes(std::string const& text);
 
 private:
     std::vector<LiString> _strings;
