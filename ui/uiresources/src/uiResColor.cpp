@@ -3,6 +3,7 @@
 
 #include "uiColorRegistry.h"
 #include "uiResNumberText.h"
+#include "uiResText.h"
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
@@ -48,7 +49,19 @@ void UiResColor::read(XmlElement const& element) {
 }
 
 void UiResColor::read(std::istream& is) {
-    _color.read(is);
+    is >> std::ws;
+    int const c = is.peek();
+    bool const number = c == '-' || c == '+' || c == '.' || (c >= '0' && c <= '9');
+    if (number || c == std::char_traits<char>::eof()) {
+        _color.read(is);
+        return;
+    }
+    std::string name;
+    UiResText::readToken(is, name);
+    UiColorRegistry const& registry = UiColorRegistry::getInstance();
+    if (!registry.isRegisteredColor(name))
+        throw UiResourceEx::UiColorEx::ExUnknownType(__FILE__, __LINE__, name);
+    _color = registry.getColor(name);
 }
 
 void UiResColor::write(XmlWriter& writer, bool) const {

@@ -7,7 +7,7 @@ namespace Zr {
 
 // XML: <Color>Selection</Color> takes the registry's colour at reading time; <Color R="1" G="0"
 // B="0"/> gives it by value from 0 to 1, or 0 to 255 with Format="Byte". Written always by value.
-// Text: three floats from 0 to 1.
+// Text: three floats from 0 to 1, or a registry name (taken at reading time, as in XML).
 class UiResColor : public UiResource {
 public:
     UiResColor(LiString const& name, CoRgbColorTyped<float> const& color);
