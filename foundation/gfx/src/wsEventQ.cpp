@@ -61,9 +61,32 @@ std::int64_t WsEventQ::countDueRequests(std::int64_t now) const {
                          [now](HeldRequest const& h) { return h.target <= now; });
 }
 
+WsEventSource::~WsEventSource() = default;
+
+void WsEventQ::setEventSource(WsEventSource* source) {
+    _source.store(source);
+}
+
+namespace {
+
+// The installed source if the calling thread may pump it, else null.
+WsEventSource* pumpableSource(std::atomic<WsEventSource*> const& source) {
+    WsEventSource* s = source.load();
+    return s && s->isPumpThread() ? s : nullptr;
+}
+
+} // namespace
+
 template <class Ready>
 bool WsEventQ::waitFor(std::unique_lock<std::mutex>& lock, DtTimeIndex until, Ready ready) {
     std::int64_t const limit = until.getTicks();
+    WsEventSource* source = pumpableSource(_source);
+    if (source) {
+        // What the window system has ready counts before the first check.
+        lock.unlock();
+        source->pump();
+        lock.lock();
+    }
     for (;;) {
         std::int64_t const now = nowUst();
         promoteDueRequests(now);
@@ -79,6 +102,19 @@ bool WsEventQ::waitFor(std::unique_lock<std::mutex>& lock, DtTimeIndex until, Re
         std::int64_t deadline = std::min(limit, now + MAX_SLEEP_UST);
         if (!_held.empty())
             deadline = std::min(deadline, _held.front().target);
+        if (source) {
+            // Block in the window system; a post from another thread wakes it through the
+            // source. The source posts what it reads, which takes the lock: release it.
+            _readerWaiting = true;
+            _sourceWaiting = true;
+            lock.unlock();
+            std::int64_t const waitUs = deadline - now;
+            source->waitAndPump(static_cast<int>((waitUs + 999) / 1000));
+            lock.lock();
+            _readerWaiting = false;
+            _sourceWaiting = false;
+            continue;
+        }
         _readerWaiting = true;
         _cond.wait_until(lock, toTimePoint(deadline));
         _readerWaiting = false;
@@ -95,6 +131,8 @@ OPtr<EvEvent> WsEventQ::getNextEvent(DtTimeIndex until) {
 }
 
 void WsEventQ::getAllEvents(std::deque<OPtr<EvEvent>>& out) {
+    if (WsEventSource* source = pumpableSource(_source))
+        source->pump();
     std::lock_guard<std::mutex> lock(_mutex);
     promoteDueRequests(nowUst());
     for (auto& e : _events)
@@ -105,6 +143,7 @@ void WsEventQ::getAllEvents(std::deque<OPtr<EvEvent>>& out) {
 void WsEventQ::postRequest(OPtr<EvRequestEvent> r) {
     ZR_ASSERT(r != nullptr);
     std::int64_t const target = r->getTargetTime().getTicks();
+    bool sourceWaiting = false;
     {
         std::lock_guard<std::mutex> lock(_mutex);
         // A request already due queues at once, behind what was posted before it.
@@ -116,20 +155,35 @@ void WsEventQ::postRequest(OPtr<EvRequestEvent> r) {
         }
         if (!_readerWaiting)
             return;
+        sourceWaiting = _sourceWaiting;
     }
     // A new first request shortens the reader's sleep; a due one may satisfy it.
-    _cond.notify_one();
+    notifyReader(sourceWaiting);
 }
 
 void WsEventQ::postEvent(OPtr<EvEvent> e) {
     ZR_ASSERT(e != nullptr);
+    bool sourceWaiting = false;
     {
         std::lock_guard<std::mutex> lock(_mutex);
         _events.push_back(std::move(e));
         if (!_readerWaiting)
             return;
+        sourceWaiting = _sourceWaiting;
     }
-    _cond.notify_one();
+    notifyReader(sourceWaiting);
+}
+
+void WsEventQ::notifyReader(bool sourceWaiting) {
+    if (!sourceWaiting) {
+        _cond.notify_one();
+        return;
+    }
+    // The reader is blocked in the window system. Its own thread posts only while pumping,
+    // and the wait ends after the pump anyway: only other threads need to wake it.
+    WsEventSource* source = _source.load();
+    if (source && !source->isPumpThread())
+        source->wakeUp();
 }
 
 bool WsEventQ::isEmptyBefore(DtTimeIndex until) {
@@ -162,11 +216,13 @@ int WsEventQ::getNbHeldRequests() const {
 }
 
 void WsEventQ::wakeUp() {
+    bool sourceWaiting = false;
     {
         std::lock_guard<std::mutex> lock(_mutex);
         _wakeUpPending = true;
+        sourceWaiting = _sourceWaiting;
     }
-    _cond.notify_one();
+    notifyReader(sourceWaiting);
 }
 
 void WsEventQ::clear() {

@@ -5,7 +5,9 @@
 #include "dtTime.h"
 #include "evEvent.h"
 #include "rcBase.h"
+#include "wsEventSource.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -56,6 +58,12 @@ public:
     // Drops every event and request, and a pending wakeUp.
     void clear();
 
+    // Installs a window system's input (not owned; null removes it). While one is installed,
+    // the waits on its pump thread block in the source, which posts what it reads; waits on
+    // other threads, and reads that don't wait, pump it first when they are on that thread.
+    void setEventSource(WsEventSource* source);
+    WsEventSource* getEventSource() const { return _source.load(); }
+
 private:
     struct HeldRequest {
         std::int64_t target;
@@ -68,6 +76,8 @@ private:
     // Moves the requests due at `now` to the events; the lock is held.
     void promoteDueRequests(std::int64_t now);
     std::int64_t countDueRequests(std::int64_t now) const;
+    // Wakes a blocked reader, on the condition variable or through the event source.
+    void notifyReader(bool sourceWaiting);
     // Blocks until `ready()` holds, the limit passes, a held request comes due, or a wakeUp;
     // the lock is held. Returns whether `ready()` held at the end.
     template <class Ready>
@@ -81,6 +91,9 @@ private:
     bool _readerWaiting = false;
     bool _wakeUpPending = false;
     bool _started = false;
+    // The reader is blocked in the event source rather than on the condition variable.
+    bool _sourceWaiting = false;
+    std::atomic<WsEventSource*> _source{nullptr};
 };
 
 } // namespace Zr

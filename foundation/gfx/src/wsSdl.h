@@ -1,0 +1,24 @@
+// WsSdl: starts and stops the SDL window system: windows and their OpenGL contexts, input
+// through WsEventQ, cursors, the clipboard, and what the display tells (size, refresh rate,
+// visual).
+#pragma once
+
+#include <string>
+
+namespace Zr {
+
+class WsSdl {
+public:
+    // Opens the display and installs SDL behind WsWinMgr, WsEventQ, WsCursorRegistry and
+    // WsClipboard; the calling thread becomes the one that reads input (the loop's). Returns
+    // false, changing nothing, when ZR_NO_GRAPHICS asks for no graphics (SDL is then not
+    // touched at all) or no display can be opened (getLastError says why). Calling it again
+    // while active returns true.
+    static bool initialize();
+    // Puts the headless services back and closes SDL. Windows made through SDL must be gone.
+    static void shutdown();
+    static bool isActive();
+    static std::string const& getLastError();
+};
+
+} // namespace Zr
