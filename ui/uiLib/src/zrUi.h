@@ -1,5 +1,49 @@
-// Umbrella header of libZRui: every public header of the library and of the foundation.
+// Umbrella header of libZRui: every public header of the library and of the foundation. A
+// client needs only this header and the CMake target ZRui.
 #pragma once
 
 #include "zrBase.h"
 #include "zrGfx.h"
+
+// Resource tables, constraints, colours and hotkeys.
+#include "uiColorRegistry.h"
+#include "uiColorValueChanged.h"
+#include "uiConstraint.h"
+#include "uiHotkey.h"
+#include "uiLogGroups.h"
+#include "uiResAlign.h"
+#include "uiResColor.h"
+#include "uiResConstraint.h"
+#include "uiResCoord.h"
+#include "uiResDomain.h"
+#include "uiResDouble.h"
+#include "uiResFrame.h"
+#include "uiResInt.h"
+#include "uiResMinMax.h"
+#include "uiResRegistry.h"
+#include "uiResSet.h"
+#include "uiResTable.h"
+#include "uiResText.h"
+#include "uiResource.h"
+#include "uiResourceEx.h"
+#include "uiresourcesInit.h"
+
+// Widgets, the event loop, windows, focus and grabs.
+#include "uiApplication.h"
+#include "uiArmStack.h"
+#include "uiContainer.h"
+#include "uiDragAndDrop.h"
+#include "uiFocusKeyboard.h"
+#include "uiFocusPointer.h"
+#include "uiFrame.h"
+#include "uiGestureRecogniser.h"
+#include "uiGrab.h"
+#include "uiGrabHandler.h"
+#include "uiGroup.h"
+#include "uiHotkeyRegistry.h"
+#include "uiMarkedRect.h"
+#include "uiTopLevel.h"
+#include "uiWidget.h"
+#include "uiWidgetEvent.h"
+#include "uiWindow.h"
+#include "uitoolkitInit.h"

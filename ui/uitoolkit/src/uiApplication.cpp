@@ -161,10 +161,11 @@ void UiApplication::localMessageLoop(bool const volatile* exitLoopFlag, bool vol
 }
 
 int UiApplication::redrawWindows() {
-    // A redraw may add or remove windows: walk a copy and skip those gone meanwhile.
-    std::vector<std::pair<WsWindow*, UiWindow*>> windows(_windows.begin(), _windows.end());
+    // A redraw may add or remove windows: walk a copy and skip those gone meanwhile. The copy's
+    // storage is kept from turn to turn, so an idle turn allocates nothing.
+    _redrawList.assign(_windows.begin(), _windows.end());
     int drawn = 0;
-    for (auto const& [os, ui] : windows) {
+    for (auto const& [os, ui] : _redrawList) {
         auto it = _windows.find(os);
         if (it == _windows.end() || it->second != ui)
             continue;

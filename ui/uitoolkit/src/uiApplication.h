@@ -243,6 +243,7 @@ private:
     double _statsStamp = -1.0;
     bool _flushPending = false;
     int _lastWaitingEvents = 0;
+    std::vector<std::pair<WsWindow*, UiWindow*>> _redrawList;
 };
 
 } // namespace Zr
