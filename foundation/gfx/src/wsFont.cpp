@@ -45,6 +45,19 @@ FcConfig* getFcConfig(std::string const& description) {
     return config;
 }
 
+// The end of [start, start + length) moved forward to a character boundary, so that a range
+// covers every character it has a byte of.
+std::size_t rangeEnd(std::string_view text, std::size_t start, std::size_t length) {
+    if (start >= text.size() || length >= text.size() - start)
+        return text.size();
+    std::size_t const end = start + length;
+    std::size_t pos = WsFontUtils::toCharacterStart(text, end);
+    if (pos == end)
+        return end;
+    WsFontUtils::decodeUtf8(text, pos);
+    return pos;
+}
+
 // A control character takes no room and draws nothing.
 bool isControl(char32_t cp) {
     return cp < 0x20 || (cp >= 0x7F && cp < 0xA0);
@@ -256,9 +269,7 @@ float WsFont::getSubStringWidth(std::string_view text, std::size_t start, std::s
     start = WsFontUtils::toCharacterStart(text, start);
     if (start >= text.size())
         return 0.f;
-    std::size_t const end = length >= text.size() - start
-                                ? text.size()
-                                : WsFontUtils::toCharacterStart(text, start + length);
+    std::size_t const end = rangeEnd(text, start, length);
     float from = 0.f;
     float to = 0.f;
     forEachGlyph(text, 0, [&](Glyph const& g, float pen, std::size_t at) {
@@ -377,9 +388,7 @@ void WsFont::drawSubString(std::string_view text, std::size_t start, std::size_t
     _lastY = y;
     _lastScale = scale;
     start = WsFontUtils::toCharacterStart(text, start);
-    std::size_t const end = length >= text.size() - std::min(start, text.size())
-                                ? text.size()
-                                : WsFontUtils::toCharacterStart(text, start + length);
+    std::size_t const end = rangeEnd(text, start, length);
     if (start >= end)
         return;
     float ox = 0.f;

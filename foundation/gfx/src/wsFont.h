@@ -64,8 +64,8 @@ public:
     // measuring allocates nothing.
     float getStringWidth(std::string_view text, float scale = 1.f) const;
     // The advance of the bytes [start, start + length) as they sit inside the whole text:
-    // the kerning with the character before start counts. Offsets are bytes, moved back to
-    // the start of the character that holds them; length npos runs to the end.
+    // the kerning with the character before start counts. Offsets are bytes; the range takes
+    // in every character it has a byte of; length npos runs to the end.
     float getSubStringWidth(std::string_view text, std::size_t start, std::size_t length,
                             float scale = 1.f) const;
     // The byte offset of the character boundary nearest to `x` pixels from the text's start
