@@ -83,4 +83,24 @@ void WsScreenshot::writePng(std::vector<std::uint8_t> const& rgba, int width, in
         throw fail(std::strerror(errno));
 }
 
+std::vector<std::uint8_t> WsScreenshot::readPng(OsFilePath const& path, int& width, int& height) {
+    png_image image;
+    std::memset(&image, 0, sizeof image);
+    image.version = PNG_IMAGE_VERSION;
+    auto fail = [&path, &image]() {
+        std::string why = image.message[0] ? image.message : "not a PNG file";
+        png_image_free(&image);
+        return ExReadFailed(__FILE__, __LINE__, "Cannot read \"" + path.toString() + "\": " + why);
+    };
+    if (!png_image_begin_read_from_file(&image, path.getChars()))
+        throw fail();
+    image.format = PNG_FORMAT_RGBA;
+    std::vector<std::uint8_t> rgba(PNG_IMAGE_SIZE(image));
+    if (!png_image_finish_read(&image, nullptr, rgba.data(), 0, nullptr))
+        throw fail();
+    width = static_cast<int>(image.width);
+    height = static_cast<int>(image.height);
+    return rgba;
+}
+
 } // namespace Zr

@@ -14,6 +14,7 @@ class WsWindow;
 class WsScreenshot {
 public:
     ZR_DECLARE_EXCEPTION(ExWriteFailed, ExBase);
+    ZR_DECLARE_EXCEPTION(ExReadFailed, ExBase);
 
     // The back buffer of `window`, width x height RGBA bytes, top row first (as images are
     // stored). Read it after drawing and before the swap; after a swap it holds the frame
@@ -27,6 +28,8 @@ public:
     static void writePng(WsWindow& window, OsFilePath const& path);
     static void writePng(std::vector<std::uint8_t> const& rgba, int width, int height,
                          OsFilePath const& path);
+    // Reads a PNG back as RGBA bytes, top row first; throws ExReadFailed naming the file.
+    static std::vector<std::uint8_t> readPng(OsFilePath const& path, int& width, int& height);
 };
 
 } // namespace Zr

@@ -5,11 +5,27 @@
 #include "wsSdlWindow.h"
 
 #include <SDL.h>
+#include <dlfcn.h>
+#include <link.h>
 
 namespace Zr {
 
 namespace {
 WsSdlWinMgr* activeMgr = nullptr;
+
+// SDL opens X libraries and Mesa its driver at run time, and closes them with the display.
+// Keep every library loaded for the life of the process: a later start-up doesn't load them
+// again, and what they keep until exit stays attributable to them (leak checkers cannot name
+// code that is no longer mapped).
+void keepLibrariesLoaded() {
+    dl_iterate_phdr(
+        [](dl_phdr_info* info, size_t, void*) {
+            if (info->dlpi_name && *info->dlpi_name)
+                dlopen(info->dlpi_name, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
+            return 0;
+        },
+        nullptr);
+}
 
 int glAttribute(SDL_GLattr attr) {
     int value = 0;
@@ -56,6 +72,7 @@ void WsSdlWinMgr::notePixelFormat() {
     if (_pixelFormatKnown)
         return;
     _pixelFormatKnown = true;
+    keepLibrariesLoaded();
     WsPixelFormat format;
     format.redBits = glAttribute(SDL_GL_RED_SIZE);
     format.greenBits = glAttribute(SDL_GL_GREEN_SIZE);
