@@ -5,6 +5,7 @@
 #include <png.h>
 #include <tiffio.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdarg>
@@ -59,6 +60,58 @@ std::string tiffReason(char const* fallback) {
     return tiffError.empty() ? std::string(fallback) : tiffError;
 }
 
+// Colour channels divided by alpha: the toolkit blends with straight (not premultiplied)
+// colours.
+void unpremultiply(IxTile& tile) {
+    int const channels = tile.getChannels();
+    if (channels != 2 && channels != 4)
+        return;
+    for (int y = 0; y < tile.getHeight(); ++y) {
+        std::uint8_t* p = tile.getWritableRow(y);
+        for (int x = 0; x < tile.getWidth(); ++x, p += channels) {
+            unsigned const a = p[channels - 1];
+            if (a == 255)
+                continue;
+            for (int c = 0; c < channels - 1; ++c)
+                p[c] = a == 0
+                           ? 0
+                           : static_cast<std::uint8_t>(std::min(255u, (p[c] * 255u + a / 2) / a));
+        }
+    }
+}
+
+// 8-bit grey or RGB in strips, with or without one alpha: the rows are read as they are, so
+// unassociated alpha keeps its colours exactly. Null for anything else.
+RCShdPtr<IxTile> readTiffScanlines(TIFF* tif, OsFilePath const& path, std::uint32_t width,
+                                   std::uint32_t height, std::uint16_t samples,
+                                   std::uint16_t photometric) {
+    std::uint16_t bits = 1, planar = PLANARCONFIG_CONTIG, extraCount = 0;
+    std::uint16_t* extra = nullptr;
+    TIFFGetFieldDefaulted(tif, TIFFTAG_BITSPERSAMPLE, &bits);
+    TIFFGetFieldDefaulted(tif, TIFFTAG_PLANARCONFIG, &planar);
+    TIFFGetFieldDefaulted(tif, TIFFTAG_EXTRASAMPLES, &extraCount, &extra);
+    bool const grey = photometric == PHOTOMETRIC_MINISBLACK;
+    bool const rgb = photometric == PHOTOMETRIC_RGB;
+    int const colours = grey ? 1 : 3;
+    if (bits != 8 || planar != PLANARCONFIG_CONTIG || TIFFIsTiled(tif) || !(grey || rgb) ||
+        (samples != colours && samples != colours + 1) || extraCount != samples - colours)
+        return {};
+    RCShdPtr<IxTile> tile(
+        new IxTile(static_cast<int>(width), static_cast<int>(height), static_cast<int>(samples)));
+    if (TIFFScanlineSize(tif) != tile->getWidth() * tile->getChannels())
+        return {};
+    for (std::uint32_t row = 0; row < height; ++row) {
+        // The file's first row is the top one.
+        std::uint8_t* dst = tile->getWritableRow(static_cast<int>(height - 1 - row));
+        if (TIFFReadScanline(tif, dst, row, 0) < 0)
+            throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path,
+                                          tiffReason("cannot decode the image data"));
+    }
+    if (extraCount == 1 && extra && extra[0] == EXTRASAMPLE_ASSOCALPHA)
+        unpremultiply(*tile);
+    return tile;
+}
+
 RCShdPtr<IxTile> readTiff(OsFilePath const& path) {
     installTiffHandlers();
     tiffError.clear();
@@ -74,12 +127,17 @@ RCShdPtr<IxTile> readTiff(OsFilePath const& path) {
     TIFFGetFieldDefaulted(tif.get(), TIFFTAG_PHOTOMETRIC, &photometric);
     if (width == 0 || height == 0 || width > 65536 || height > 65536)
         throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path, "bad image size");
+    if (RCShdPtr<IxTile> tile =
+            readTiffScanlines(tif.get(), path, width, height, samples, photometric))
+        return tile;
+    // Everything else through libtiff's RGBA reading, which handles palettes, other depths,
+    // tiles and colour spaces, and gives premultiplied colours.
     std::vector<std::uint32_t> raster(static_cast<std::size_t>(width) * height);
     if (!TIFFReadRGBAImageOriented(tif.get(), width, height, raster.data(), ORIENTATION_BOTLEFT, 0))
         throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path,
                                       tiffReason("cannot decode the image data"));
-    // The raster is always RGBA; keep only the channels the file has. Grey files stay grey;
-    // palette and other colour spaces become RGB(A).
+    // Keep only the channels the file has: grey stays grey; palettes and other colour spaces
+    // become RGB(A).
     bool const grey =
         photometric == PHOTOMETRIC_MINISBLACK || photometric == PHOTOMETRIC_MINISWHITE;
     bool const alpha = samples == 2 || samples >= 4;
@@ -90,19 +148,16 @@ RCShdPtr<IxTile> readTiff(OsFilePath const& path) {
         std::uint32_t const* src = raster.data() + static_cast<std::size_t>(y) * width;
         for (std::uint32_t x = 0; x < width; ++x, row += channels) {
             std::uint32_t const p = src[x];
-            if (grey) {
-                row[0] = static_cast<std::uint8_t>(TIFFGetR(p));
-                if (alpha)
-                    row[1] = static_cast<std::uint8_t>(TIFFGetA(p));
-            } else {
-                row[0] = static_cast<std::uint8_t>(TIFFGetR(p));
+            row[0] = static_cast<std::uint8_t>(TIFFGetR(p));
+            if (!grey) {
                 row[1] = static_cast<std::uint8_t>(TIFFGetG(p));
                 row[2] = static_cast<std::uint8_t>(TIFFGetB(p));
-                if (alpha)
-                    row[3] = static_cast<std::uint8_t>(TIFFGetA(p));
             }
+            if (alpha)
+                row[channels - 1] = static_cast<std::uint8_t>(TIFFGetA(p));
         }
     }
+    unpremultiply(*tile);
     return tile;
 }
 
@@ -136,10 +191,10 @@ RCShdPtr<IxTile> readPng(OsFilePath const& path) {
         png_image_free(&image);
         throw;
     }
-    // A negative stride starts at the last row of the buffer: the file's top row lands at the
-    // top of the tile, whose rows run bottom-up.
-    std::uint8_t* last = tile->getWritableRow(tile->getHeight() - 1);
-    if (!png_image_finish_read(&image, nullptr, last, -tile->getStride(), nullptr)) {
+    // With a negative stride libpng takes the buffer's last row as the image's first: the
+    // file's top row lands at the top of the tile, whose rows run bottom-up.
+    std::uint8_t* buffer = tile->getWritableData();
+    if (!png_image_finish_read(&image, nullptr, buffer, -tile->getStride(), nullptr)) {
         std::string const why = image.message;
         png_image_free(&image);
         throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path, why);
@@ -210,8 +265,9 @@ void WsManagedImage::writePng(IxTile const& tile, OsFilePath const& path) {
     image.format = pngFormatForChannels(tile.getChannels());
     if (tile.getWidth() == 0 || tile.getHeight() == 0)
         throw WsImageEx::ExUnwritable(__FILE__, __LINE__, path, "empty image");
-    std::uint8_t const* last = tile.getRow(tile.getHeight() - 1);
-    if (!png_image_write_to_file(&image, path.getChars(), 0, last, -tile.getStride(), nullptr)) {
+    // The negative stride, as in reading, writes the tile's last row first.
+    if (!png_image_write_to_file(&image, path.getChars(), 0, tile.getData(), -tile.getStride(),
+                                 nullptr)) {
         std::string const why = image.message;
         png_image_free(&image);
         throw WsImageEx::ExUnwritable(__FILE__, __LINE__, path, why);
