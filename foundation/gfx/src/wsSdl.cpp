@@ -119,6 +119,11 @@ bool WsSdl::isActive() {
     return state().active;
 }
 
+std::string WsSdl::getDriverName() {
+    char const* name = state().active ? SDL_GetCurrentVideoDriver() : nullptr;
+    return name ? name : "";
+}
+
 std::string const& WsSdl::getLastError() {
     return state().lastError;
 }

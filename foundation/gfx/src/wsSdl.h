@@ -19,6 +19,8 @@ public:
     static void shutdown();
     static bool isActive();
     static std::string const& getLastError();
+    // SDL's video driver in use ("x11", "offscreen", ...); empty while not active.
+    static std::string getDriverName();
 };
 
 } // namespace Zr
