@@ -1,9 +1,12 @@
 // Frames: the decorator base that forwards to the frame it wraps, the border decorator that
-// draws the focus outline, and the registry of shared frame instances.
+// draws the focus outline, and the registry of shared frame instances with the standard set.
 #include "uiFrame.h"
 
 #include "lkSingleton.h"
 #include "smGl.h"
+#include "uiFrameBevel.h"
+#include "uiFrameLine.h"
+#include "uiFrameTab.h"
 #include "uiResourceEx.h"
 
 namespace Zr {
@@ -72,6 +75,38 @@ UiFrameRegistry::~UiFrameRegistry() = default;
 void UiFrameRegistry::registerDefaultFrames() {
     UiFrameRegistry& registry = getInstance();
     registry.registerType(makeShared<UiFrameNone>());
+    // The shared colours are read once, here: frames keep what the registry holds now.
+    UiFrameColors const colors = UiFrameColors::fromRegistry();
+    registry.registerType(makeShared<UiFrameIn>(colors));
+    registry.registerType(makeShared<UiFramePushIn>(colors));
+    registry.registerType(makeShared<UiFramePushOut>(colors));
+    registry.registerType(makeShared<UiFrameSelected>(colors));
+    registry.registerType(makeShared<UiFrameToggleIn>(colors));
+    registry.registerType(makeShared<UiFrameToggleOut>(colors));
+    registry.registerType(makeShared<UiFrameRadioIn>(colors));
+    registry.registerType(makeShared<UiFrameRadioOut>(colors));
+    registry.registerType(makeShared<UiFrameScrollHor>(colors));
+    registry.registerType(makeShared<UiFrameScrollHorI>(colors));
+    registry.registerType(makeShared<UiFrameScrollVer>(colors));
+    registry.registerType(makeShared<UiFrameScrollVerI>(colors));
+    registry.registerType(makeShared<UiFrameLine>(colors));
+    registry.registerType(makeShared<UiFrameLineToggle>(colors, true));
+    registry.registerType(makeShared<UiFrameLineToggle>(colors, false));
+    registry.registerType(makeShared<UiFrameLineTop>(colors));
+    registry.registerType(makeShared<UiFrameLineBottom>(colors));
+    registry.registerType(makeShared<UiFrameLineLeftBottomRight>(colors));
+    registry.registerType(makeShared<UiFrameLineLeftTopRight>(colors));
+    registry.registerType(makeShared<UiFrameNoneToggleIn>(colors));
+    registry.registerType(makeShared<UiFrameNoneToggleOut>(colors));
+    registry.registerType(makeShared<UiFrameLineActiveTab>(colors));
+    registry.registerType(makeShared<UiFrameLineInactiveTab>(colors));
+    registry.registerType(makeShared<UiFrameLineTopCurve>(colors));
+    registry.registerType(makeShared<UiFrameLineTopCurveI>(colors));
+    registry.registerType(makeShared<UiFrameLineLeftRight>(colors));
+    registry.registerType(makeShared<UiFrameCurve>(colors));
+    registry.registerType(makeShared<UiFrameCurveI>(colors));
+    registry.registerType(makeShared<UiFrameDoubleTop>(colors));
+    registry.registerType(makeShared<UiFrameDoubleBottom>(colors));
     registry.registerType(makeShared<UiFrameBorderDecorator>());
 }
 

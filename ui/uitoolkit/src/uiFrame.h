@@ -77,7 +77,8 @@ public:
 class UiFrameRegistry {
 public:
     static UiFrameRegistry& getInstance();
-    // Registers the frames of this file, "None" first; the toolkit's start-up calls it.
+    // Registers every standard frame, "None" first, with the shared colours as the colour
+    // registry holds them now; the toolkit's start-up calls it.
     static void registerDefaultFrames();
     // Enters the instance under its getType().
     void registerType(RCShdPtr<UiFrame> const& frame);
