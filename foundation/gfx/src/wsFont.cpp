@@ -294,6 +294,14 @@ std::size_t WsFont::getCharacterIndexAt(std::string_view text, float x, float sc
     return found;
 }
 
+void WsFont::getCharacterPositions(std::string_view text, std::vector<float>& positions,
+                                   float scale) const {
+    positions.clear();
+    float const total = forEachGlyph(
+        text, 0, [&](Glyph const&, float pen, std::size_t) { positions.push_back(pen * scale); });
+    positions.push_back(total * scale);
+}
+
 void WsFont::placeOrigin(std::string_view text, float x, float y, float scale, unsigned flags,
                          float& ox, float& oy) const {
     unsigned const horizontal = flags & HorizontalMask;

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Zr {
 
@@ -71,6 +72,12 @@ public:
     // The byte offset of the character boundary nearest to `x` pixels from the text's start
     // (0 for x before the text, the size past its end): where a text field puts its cursor.
     std::size_t getCharacterIndexAt(std::string_view text, float x, float scale = 1.f) const;
+
+    // The pen position of every character of the text, kerning included, then the whole
+    // width: one more entry than there are characters (bad spots count as one each). A text
+    // field keeps these to place its cursor; `positions` is refilled, keeping its capacity.
+    void getCharacterPositions(std::string_view text, std::vector<float>& positions,
+                               float scale = 1.f) const;
 
     // Draw with the current colour (the glyphs are coverage, tinted by it) and blending on;
     // texturing and blending state are restored afterwards. (x, y) is the baseline's left end

@@ -92,9 +92,8 @@ std::string WsFontUtils::truncateInTheMiddle(WsFont const& font, std::string_vie
     starts.push_back(text.size());
     // Widths without the kerning across the cut, to find the candidate quickly; the candidate
     // is then measured whole and shortened further while it doesn't fit.
-    std::vector<float> prefix(n + 1, 0.f);
-    for (std::size_t i = 0; i < n; ++i)
-        prefix[i + 1] = font.getStringWidth(text.substr(0, starts[i + 1]));
+    std::vector<float> prefix;
+    font.getCharacterPositions(text, prefix);
     float const ellipsis = font.getStringWidth(Ellipsis);
     auto assemble = [&](std::size_t kept) {
         std::size_t const head = (kept + 1) / 2;

@@ -194,6 +194,14 @@ TEST(FontUtf8, SubStringsAndCharacterIndexFollowTheCharacters) {
     EXPECT_EQ(5u, font->getCharacterIndexAt(text, head + euro - 0.5f));
     EXPECT_EQ(text.size(), font->getCharacterIndexAt(text, whole + 1.f));
     EXPECT_EQ(2u, font->getCharacterIndexAt(text, 2.f * (head + 0.5f), 2.f));
+    std::vector<float> positions{99.f};
+    font->getCharacterPositions(text, positions);
+    ASSERT_EQ(6u, positions.size()); // a, b, euro, c, d, end
+    EXPECT_EQ(0.f, positions[0]);
+    EXPECT_FLOAT_EQ(head, positions[2]);
+    EXPECT_FLOAT_EQ(whole, positions[5]);
+    font->getCharacterPositions("", positions);
+    EXPECT_EQ(std::vector<float>{0.f}, positions);
 }
 
 TEST(FontTruncate, LeavesFittingTextAlone) {
