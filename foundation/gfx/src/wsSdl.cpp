@@ -15,7 +15,10 @@
 
 #include <SDL.h>
 
+#include <chrono>
+#include <cstdlib>
 #include <memory>
+#include <thread>
 
 namespace Zr {
 
@@ -78,10 +81,17 @@ bool WsSdl::initialize() {
         s.lastError = "No graphics requested (ZR_NO_GRAPHICS)";
         return false;
     }
-    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+    // A display that has just started (a virtual one under load) may refuse the first
+    // connections for a moment: try a few times when one is named.
+    int const attempts = std::getenv("DISPLAY") ? 5 : 1;
+    for (int attempt = 1;; ++attempt) {
+        if (SDL_Init(SDL_INIT_VIDEO) == 0)
+            break;
         s.lastError = SDL_GetError();
         SDL_Quit();
-        return false;
+        if (attempt == attempts)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(100 * attempt));
     }
     requestVisual();
     readDisplay();
