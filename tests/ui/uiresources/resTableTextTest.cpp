@@ -56,8 +56,9 @@ RCShdPtr<UiResource> make(T* resource) {
     return RCShdPtr<UiResource>(resource);
 }
 
-// One widget with a resource of every type, with the awkward cases of each text form.
-UiResTable everyType() {
+// One widget with a resource of every type, with the awkward cases of each text form; with
+// `oddNames`, resource names that only the text form can hold.
+UiResTable everyType(bool oddNames) {
     UiResTable t;
     t.set("panel", make(new UiResInt("Values", "1 -2 2147483647")));
     t.set("panel", make(new UiResDouble("Scales", "0.1 -1e-300 3")));
@@ -76,9 +77,11 @@ UiResTable everyType() {
     t.set("panel", make(new UiResDomain("", "Keys",
                                         "Keys \"Zoom In\" ctrl+Return Press "
                                         "Next Tab Release")));
-    // Names a reader would otherwise take for a keyword or a comment.
-    t.set("panel", make(new UiResInt("Widget", "1")));
-    t.set("panel", make(new UiResInt("#hash", "2")));
+    if (oddNames) {
+        // Names a reader would otherwise take for a keyword or a comment.
+        t.set("panel", make(new UiResInt("Widget", "1")));
+        t.set("panel", make(new UiResInt("#hash", "2")));
+    }
     t.set("two words", make(new UiResText("Label", "x")));
     t.addResourceSet("empty", nullptr);
     return t;
@@ -101,16 +104,16 @@ protected:
 
 TEST_F(ResTableText, StatementsCommentsQuotesAndTooltips) {
     UiResTable t;
-    t.readTableText("# a panel\n"
-                    "\n"
-                    "Widget ok okTip \"Accept the changes\"\n"
-                    "    Rectangle Coord 1 2 60 20\n"
-                    "    Label Text \"first line\n"
-                    "second line\" \"a \\\"quoted\\\" word\" C:\\dir\n"
-                    "  # indented comment\n"
-                    "    Values Int 4 5 6\n"
-                    "Widget \"cancel button\"\n"
-                    "    \"Widget\" Int 7\n",
+    t.readTableText(LiString("# a panel\n"
+                             "\n"
+                             "Widget ok okTip \"Accept the changes\"\n"
+                             "    Rectangle Coord 1 2 60 20\n"
+                             "    Label Text \"first line\n"
+                             "second line\" \"a \\\"quoted\\\" word\" C:\\dir\n"
+                             "  # indented comment\n"
+                             "    Values Int 4 5 6\n"
+                             "Widget \"cancel button\"\n"
+                             "    \"Widget\" Int 7\n"),
                     UiResource::LevelSystem);
     EXPECT_TRUE(shown().empty()) << logText();
     ASSERT_EQ(t.getNbEntries(), 2);
@@ -133,10 +136,10 @@ TEST_F(ResTableText, StatementsCommentsQuotesAndTooltips) {
 }
 
 TEST_F(ResTableText, EveryTypeReadsBackEqualInBothForms) {
-    UiResTable const first = everyType();
+    UiResTable const first = everyType(true);
     std::string const text = textForm(first);
     UiResTable second;
-    second.readTableText(text, UiResource::LevelApplication);
+    second.readTableText(LiString(text), UiResource::LevelApplication);
     EXPECT_TRUE(shown().empty()) << logText() << text;
     EXPECT_EQ(textForm(second), text);
     ASSERT_EQ(second.getNbEntries(), first.getNbEntries());
@@ -155,25 +158,27 @@ TEST_F(ResTableText, EveryTypeReadsBackEqualInBothForms) {
               dynamicCast<UiResConstraint>(first.find("panel", "Layout"))->getConstraint());
     EXPECT_EQ(dynamicCast<UiResDomain>(second.find("panel", "Keys"))->getHotkeys().size(), 2u);
 
-    // The XML form of the same table (empty sets aside, which XML does not keep).
-    std::string const xml = xmlForm(first);
+    // The XML form, which keeps neither empty sets nor names that are not XML names.
+    UiResTable const plain = everyType(false);
+    std::string const xml = xmlForm(plain);
     UiResTable third;
     third.readTable(LiString(xml), UiResource::LevelApplication);
     EXPECT_TRUE(shown().empty()) << logText();
-    EXPECT_EQ(xmlForm(third), xml);
+    EXPECT_EQ(third.getResourceSet("empty"), nullptr);
     third.addResourceSet("empty", nullptr);
-    EXPECT_EQ(textForm(third), text);
+    EXPECT_EQ(xmlForm(third), xml);
+    EXPECT_EQ(textForm(third), textForm(plain));
 }
 
 TEST_F(ResTableText, ResourceErrorsAreReportedAndNeighboursKept) {
     UiResTable t;
-    t.readTableText("Widget w\n"
-                    "    Foo Bar 1\n"
-                    "    Bare\n"
-                    "    Rectangle Coord 1 2 3\n"
-                    "    Background Color NoSuchColour\n"
-                    "    Layout Constraint 0 p l 0 p b 0 q r 0 p t\n"
-                    "    Good Int 1\n",
+    t.readTableText(LiString("Widget w\n"
+                             "    Foo Bar 1\n"
+                             "    Bare\n"
+                             "    Rectangle Coord 1 2 3\n"
+                             "    Background Color NoSuchColour\n"
+                             "    Layout Constraint 0 p l 0 p b 0 q r 0 p t\n"
+                             "    Good Int 1\n"),
                     UiResource::LevelApplication);
     expectReports({"Error in resource 'Foo' for widget 'w' (in internal resource string):\n"
                    "unknown resource type for widget `w` resource `Foo`.",
@@ -190,16 +195,16 @@ TEST_F(ResTableText, ResourceErrorsAreReportedAndNeighboursKept) {
 
 TEST_F(ResTableText, WidgetAndDefinitionErrors) {
     UiResTable t;
-    t.readTableText("Orphan Int 1\n"
-                    "Orphan2 Int 2\n"
-                    "Widget\n"
-                    "    Lost Int 3\n"
-                    "ColorDefinition TextLate 0 255\n"
-                    "ColorDefinition\n"
-                    "FontDefinition Small\n"
-                    "FontDefinition\n"
-                    "Widget w\n"
-                    "    Kept Int 4\n",
+    t.readTableText(LiString("Orphan Int 1\n"
+                             "Orphan2 Int 2\n"
+                             "Widget\n"
+                             "    Lost Int 3\n"
+                             "ColorDefinition TextLate 0 255\n"
+                             "ColorDefinition\n"
+                             "FontDefinition Small\n"
+                             "FontDefinition\n"
+                             "Widget w\n"
+                             "    Kept Int 4\n"),
                     UiResource::LevelApplication);
     expectReports({"Font resource error in internal resource string:\n"
                    "no resource parameter given `Small`.",
@@ -223,10 +228,10 @@ TEST_F(ResTableText, DefinitionsComeFirstAndLevelsHold) {
     t.readTable(LiString("<ResourceTable><Widget Name='w'><A><Int>1</Int></A></Widget>"
                          "</ResourceTable>"),
                 UiResource::LevelApplication);
-    t.readTableText("Widget w\n"
-                    "    A Int 2\n"
-                    "    Background Color TextFormLate\n"
-                    "ColorDefinition TextFormLate 0 51 255\n",
+    t.readTableText(LiString("Widget w\n"
+                             "    A Int 2\n"
+                             "    Background Color TextFormLate\n"
+                             "ColorDefinition TextFormLate 0 51 255\n"),
                     UiResource::LevelSystem);
     EXPECT_TRUE(shown().empty()) << logText();
     EXPECT_EQ(dynamicCast<UiResInt>(t.find("w", "A"))->getValue(0), 1);
@@ -237,9 +242,9 @@ TEST_F(ResTableText, DefinitionsComeFirstAndLevelsHold) {
 
 TEST_F(ResTableText, StrayQuoteHoldsOnlyToItsLineEnd) {
     UiResTable t;
-    t.readTableText("Widget w\n"
-                    "    Label Text \"never closed\n"
-                    "    After Int 5\n",
+    t.readTableText(LiString("Widget w\n"
+                             "    Label Text \"never closed\n"
+                             "    After Int 5\n"),
                     UiResource::LevelApplication);
     EXPECT_TRUE(shown().empty()) << logText();
     EXPECT_STREQ(dynamicCast<UiResText>(t.find("w", "Label"))->getString(0), "never closed");

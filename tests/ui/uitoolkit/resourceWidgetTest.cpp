@@ -85,10 +85,10 @@ TEST_F(ResourceWidget, TableEntriesOverDefaultsAndDefaultsFillTheRest) {
 
 TEST_F(ResourceWidget, TableConstraintPlacesTheWidgetAgainstItsSibling) {
     UiResTable table;
-    table.readTableText("Widget left\n"
-                        "    Layout Constraint 0 u l 0 p b 10 u w 0 p t\n"
-                        "Widget right\n"
-                        "    Layout Constraint 1 u s left 0 p b 0 p r 3 u t\n",
+    table.readTableText(LiString("Widget left\n"
+                                 "    Layout Constraint 0 u l 0 p b 10 u w 0 p t\n"
+                                 "Widget right\n"
+                                 "    Layout Constraint 1 u s left 0 p b 0 p r 3 u t\n"),
                         UiResource::LevelApplication);
     RCShdPtr<UiWidget> left = UiWidget::create(_root.get(), "left", &table);
     RCShdPtr<UiWidget> right = UiWidget::create(_root.get(), "right", &table);

@@ -389,7 +389,7 @@ void UiConstraint::read(std::istream& is) {
         float value = 0.f;
         std::string typeText;
         std::string targetText;
-        if (!(is >> value))
+        if (!readNumber(is, value))
             throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__);
         if (!(is >> typeText))
             throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__);

@@ -49,19 +49,21 @@ void UiResColor::read(XmlElement const& element) {
 }
 
 void UiResColor::read(std::istream& is) {
-    is >> std::ws;
-    int const c = is.peek();
-    bool const number = c == '-' || c == '+' || c == '.' || (c >= '0' && c <= '9');
-    if (number || c == std::char_traits<char>::eof()) {
-        _color.read(is);
+    // Three numbers, or one registry name.
+    std::string first;
+    if (!UiResText::readToken(is, first))
+        return;
+    float red = 0.f;
+    if (parseNumber(first, red)) {
+        _color.r = red;
+        if (readNumber(is, _color.g))
+            readNumber(is, _color.b);
         return;
     }
-    std::string name;
-    UiResText::readToken(is, name);
     UiColorRegistry const& registry = UiColorRegistry::getInstance();
-    if (!registry.isRegisteredColor(name))
-        throw UiResourceEx::UiColorEx::ExUnknownType(__FILE__, __LINE__, name);
-    _color = registry.getColor(name);
+    if (!registry.isRegisteredColor(first))
+        throw UiResourceEx::UiColorEx::ExUnknownType(__FILE__, __LINE__, first);
+    _color = registry.getColor(first);
 }
 
 void UiResColor::write(XmlWriter& writer, bool) const {

@@ -33,13 +33,8 @@ void UiResMinMax::read(XmlElement const& element) {
 }
 
 void UiResMinMax::read(std::istream& is) {
-    double v = 0.0;
-    if (is >> v)
-        _min = v;
-    if (is >> v)
-        _max = v;
-    if (is >> v)
-        _step = v;
+    if (readNumber(is, _min) && readNumber(is, _max))
+        readNumber(is, _step);
 }
 
 void UiResMinMax::write(XmlWriter& writer, bool) const {

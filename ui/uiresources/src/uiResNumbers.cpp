@@ -31,7 +31,7 @@ template <class T>
 void readValues(std::vector<T>& values, std::istream& is) {
     values.clear();
     T value{};
-    while (is >> value)
+    while (readNumber(is, value))
         values.push_back(value);
 }
 

@@ -351,8 +351,8 @@ void UiResTable::readTableText(OsFilePath const& path, UiResource::Level level) 
     readTableText(is, level, file.c_str());
 }
 
-void UiResTable::readTableText(std::string const& text, UiResource::Level level) {
-    std::istringstream is(text);
+void UiResTable::readTableText(LiString const& text, UiResource::Level level) {
+    std::istringstream is(text.str());
     readTableText(is, level, InternalResourceString);
 }
 

@@ -71,7 +71,7 @@ public:
     void readTableText(OsFilePath const& path, UiResource::Level level);
     // A table given in the text form; "internal resource string" names it in reports. The
     // table's name stays as it was.
-    void readTableText(std::string const& text, UiResource::Level level);
+    void readTableText(LiString const& text, UiResource::Level level);
     // Reads the text form from a stream, naming `file` in reports.
     void readTableText(std::istream& is, UiResource::Level level, char const* file);
 
