@@ -178,6 +178,7 @@ TEST_F(ResTableText, ResourceErrorsAreReportedAndNeighboursKept) {
                              "    Rectangle Coord 1 2 3\n"
                              "    Background Color NoSuchColour\n"
                              "    Layout Constraint 0 p l 0 p b 0 q r 0 p t\n"
+                             "    \"\" Int 9\n"
                              "    Good Int 1\n"),
                     UiResource::LevelApplication);
     expectReports({"Error in resource 'Foo' for widget 'w' (in internal resource string):\n"
@@ -189,7 +190,9 @@ TEST_F(ResTableText, ResourceErrorsAreReportedAndNeighboursKept) {
                    "Error in resource 'Background' for widget 'w' (in internal resource "
                    "string):\nError, Unknown color type NoSuchColour",
                    "Error in resource 'Layout' for widget 'w' (in internal resource string):\n"
-                   "Error, Unknown constraint type q (line ends with \"r 0 p t\")"});
+                   "Error, Unknown constraint type q (line ends with \"r 0 p t\")",
+                   "Error in resource '' for widget 'w' (in internal resource string):\n"
+                   "no resource name given for widget `w`."});
     EXPECT_EQ(names(*t.getResourceSet("w")), std::vector<std::string>{"Good"});
 }
 

@@ -423,6 +423,9 @@ void UiResTable::readTableText(std::istream& is, UiResource::Level level, char c
             continue;
         }
         try {
+            // "" would name a resource that no XML element can hold.
+            if (statement.first.empty())
+                throw UiResourceEx::UiResTableEx::ExNoName(__FILE__, __LINE__, widget);
             std::istringstream rest = restOf(statement);
             std::string type;
             bool const hasType = UiResText::readToken(rest, type);
@@ -477,6 +480,9 @@ void UiResTable::writeTable(XmlWriter& writer) const {
         XmlWriter::ElementGuard widget(writer, "Widget");
         writer.writeAttrib("Name", name.str());
         for (RCShdPtr<UiResource> const& resource : set->getResources()) {
+            // A resource made in code without a name has no element to stand in.
+            if (resource->getNameRef().empty())
+                continue;
             XmlWriter::ElementGuard element(writer, resource->getName());
             resource->write(writer, true);
         }

@@ -106,7 +106,7 @@ public:
     int getNbEntries() const { return static_cast<int>(_table.size()); }
 
     // Writes the widgets only, in name order; levels, fonts and colour definitions are not
-    // written, and tooltips come out as Text resources.
+    // written, and tooltips come out as Text resources. A resource without a name is left out.
     void writeTable(XmlWriter& writer) const;
     // The same in the text form: one Widget line per widget (with or without resources) and one
     // line per resource, its payload written with the flag true.
