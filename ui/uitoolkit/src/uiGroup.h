@@ -7,6 +7,10 @@
 namespace Zr {
 
 class UiGroup : public UiContainer {
+public:
+    static RCShdPtr<UiGroup> create(UiContainer* parent, LiString const& name,
+                                    UiResTable const* table = nullptr);
+
 protected:
     using UiContainer::UiContainer;
 };

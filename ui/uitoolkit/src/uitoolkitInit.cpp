@@ -1,5 +1,5 @@
-// The "uitoolkit" package: log group, message file, colour definitions and the start-up steps
-// of the widget families, in a fixed order.
+// The "uitoolkit" package: log group, message file, the window system, colour definitions and
+// the start-up steps of the widget families, in a fixed order.
 #include "uitoolkitInit.h"
 
 #include "uiApplication.h"
@@ -11,6 +11,7 @@
 #include "uiLogGroups.h"
 #include "uiResTable.h"
 #include "uiWidget.h"
+#include "uiWidgetFactory.h"
 #include "uiWindowImp.h"
 
 #include "exBase.h"
@@ -18,7 +19,10 @@
 #include "lgMajorGroup.h"
 #include "lgMinorGroup.h"
 #include "msgFileGuard.h"
+#include "msgProtocol.h"
+#include "wsSdl.h"
 #include "wsTestGfx.h"
+#include "wsWinMgr.h"
 
 #include <memory>
 
@@ -64,7 +68,14 @@ void UiToolkitInit::init() {
     // The hotkey entries are known without graphics too, so that windows can bind them.
     UiWindowImp::StencilHotkeyEntry =
         UiHotkeyRegistry::getInstance().getEntry(LiString("Toggle Stencil Mode"));
+    // Definitions can be built without graphics too, so the factories are always there.
+    UiWidgetFactory::registerToolkitFactories();
     if (!WsTestGfx::isNoGraphicsRequested()) {
+        // Real windows when a display opens; otherwise the headless windows stay, and the
+        // toolkit still works without pixels.
+        if (!WsSdl::initialize())
+            MsgProtocol::display(
+                MsgWarning("No display, windows are headless: " + WsSdl::getLastError()));
         readColorDefinitions();
         initWidgetFamilies();
     }
@@ -74,6 +85,9 @@ void UiToolkitInit::exit() {
     // Windows still current or main would outlive the package otherwise.
     if (UiApplication::isInit())
         UiApplication::getInstance().clearCurrentWindow();
+    // SDL goes once its windows are gone; a window kept alive past the exit keeps it open.
+    if (WsSdl::isActive() && WsWinMgr::getInstance().getNbWindows() == 0)
+        WsSdl::shutdown();
     UiLogGroups::setUiEvents(nullptr);
     eventsGroup().reset();
     UiArmStack::checkEmpty();
