@@ -1,6 +1,7 @@
 // What the standard frames draw, vertex by vertex: the cut corners and bevels, the sunken
 // field, the outlines, the colour strip with its gradients and shade model, the scroll grip,
 // the tabs, the highlight factor; and that every frame stays within its rectangle.
+#include "frameRaster.h"
 #include "smContext.h"
 #include "smGlRecorder.h"
 #include "uiFrame.h"
@@ -333,5 +334,84 @@ TEST(FrameDrawAll, EveryFrameStaysInsideItsRectangleAndBalancesItsCalls) {
                 EXPECT_TRUE(r.contains(painted.rect));
         }
     }
+    context->setShadeModel(before);
+}
+
+namespace {
+
+// Paints `frame` on `rect` into a raster of the given size and returns its picture: c the
+// corner colour, # dark, s shadow, + the highlight of the grey background, o the toggle-off
+// colour, f a border colour.
+std::vector<std::string> picture(UiFrame& frame, GeRectangle<int> const& rect, int width,
+                                 int height) {
+    UiTest::FrameRaster raster(width, height);
+    {
+        SmGlBackendGuard guard(raster);
+        frame.draw(rect, grey, corner);
+    }
+    UiFrameColors const c = testColors();
+    return raster.picture({{'c', corner},
+                           {'#', c.dark},
+                           {'s', c.shadow},
+                           {'+', UiFramePaint::highlight(grey)},
+                           {'o', c.toggleOff},
+                           {'f', CoRgbColor(0.f, 1.f, 0.f)}});
+}
+
+} // namespace
+
+TEST(FrameDrawPixels, PushOutIsAChamferedRaisedButton) {
+    UiFramePushOut frame(testColors());
+    EXPECT_EQ(picture(frame, {0, 10, 0, 8}, 10, 8), (Lines{
+                                                        "cc######cc",
+                                                        "cs++++++sc",
+                                                        "#+......+#",
+                                                        "#........#",
+                                                        "#........#",
+                                                        "#s......s#",
+                                                        "c########c",
+                                                        "ccsssssscc",
+                                                    }));
+}
+
+TEST(FrameDrawPixels, CurveAndTabsCutTheirCorners) {
+    UiFrameCurve curve(testColors());
+    EXPECT_EQ(picture(curve, {1, 9, 1, 7}, 10, 8), (Lines{
+                                                       "..........",
+                                                       ".cc####cc.",
+                                                       ".c#....#c.",
+                                                       ".#......#.",
+                                                       ".#......#.",
+                                                       ".cs....sc.",
+                                                       ".ccsssscc.",
+                                                       "..........",
+                                                   }));
+    UiFrameLineActiveTab active(testColors());
+    Lines tab{
+        "cc####cc", "c#ssss#c", "#......#", "#......#", "#......#",
+    };
+    EXPECT_EQ(picture(active, {0, 8, 0, 5}, 8, 5), tab);
+    UiFrameLineInactiveTab inactive(testColors());
+    tab.back() = "########";
+    EXPECT_EQ(picture(inactive, {0, 8, 0, 5}, 8, 5), tab);
+}
+
+TEST(FrameDrawPixels, StripBrightensUpwardsAndDimsDownwards) {
+    SmContext* context = SmContext::getCurrentContext();
+    unsigned const before = context->getShadeModel();
+    context->setShadeModel(Gl::FLAT);
+    UiFrameToggleOut frame(testColors());
+    UiTest::FrameRaster raster(20, 40);
+    {
+        SmGlBackendGuard guard(raster);
+        frame.draw({0, 20, 0, 40}, grey, corner);
+    }
+    CoRgbColor const off = testColors().toggleOff;
+    EXPECT_EQ(*raster.at(14, 20), off);
+    EXPECT_GT(raster.at(14, 36)->r, off.r);
+    EXPECT_LT(raster.at(14, 3)->r, off.r);
+    // The strip ends at the canvas's right edge: column 11 is untouched, 12 is strip.
+    EXPECT_FALSE(raster.at(11, 20).has_value());
+    EXPECT_TRUE(raster.at(12, 20).has_value());
     context->setShadeModel(before);
 }
