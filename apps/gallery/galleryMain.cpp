@@ -1,17 +1,90 @@
-// The gallery, for now a console program: it builds a small widget tree in a top-level window
-// over the headless window layer, sends a click through the event loop and prints what the
-// widgets' callbacks saw. It is also the toolkit's hello-world.
+// The gallery, the toolkit's main program: a window of widgets in named colours, framed panels,
+// a shaded background, text in the registry's fonts, an icon built in memory and two push
+// buttons. `--screenshot FILE.png` writes what it shows, `--frames N` times N full repaints.
 #include "zrUi.h"
 
+#include "gfxImageUtil.h"
+#include "ixTile.h"
+#include "smGl.h"
+#include "wsFont.h"
+#include "wsFontRegistry.h"
+#include "wsSdl.h"
+
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
 #include <iostream>
 #include <string>
+#include <vector>
 
 using namespace Zr;
 
 namespace {
 
-// A widget that behaves as a push button: the press takes the pointer grab, the release gives
-// it back and activates the widget if the pointer is still on it.
+CoRgbColor named(char const* name) {
+    return UiColorRegistry::getInstance().getColor(name);
+}
+
+RCShdPtr<UiFrame> frameNamed(char const* name) {
+    UiFrameRegistry& frames = UiFrameRegistry::getInstance();
+    return frames.create(frames.isRegisteredType(name) ? name : "None");
+}
+
+void setColor(CoRgbColor const& c) {
+    float rgb[3] = {c.r, c.g, c.b};
+    SmGl::color3fv(rgb);
+}
+
+// A 48 x 48 RGBA icon: a disc shaded from orange to red with a soft edge and a white
+// highlight, on transparent ground.
+RCShdPtr<IxTile> makeIcon() {
+    constexpr int Size = 48;
+    RCShdPtr<IxTile> tile = makeShared<IxTile>(Size, Size, 4);
+    float const centre = (Size - 1) / 2.f;
+    float const radius = Size / 2.f - 2.f;
+    for (int y = 0; y < Size; ++y) {
+        for (int x = 0; x < Size; ++x) {
+            float const dx = x - centre, dy = y - centre;
+            float const d = std::sqrt(dx * dx + dy * dy);
+            float const cover = std::clamp(radius + 0.5f - d, 0.f, 1.f);
+            float const t = static_cast<float>(y) / (Size - 1); // 0 at the bottom
+            float r = 1.f, g = 0.25f + 0.5f * t, b = 0.1f;
+            // The highlight, up and to the left.
+            float const hx = x - centre * 0.65f, hy = y - centre * 1.35f;
+            float const h =
+                std::clamp(1.f - std::sqrt(hx * hx + hy * hy) / (radius * 0.45f), 0.f, 1.f);
+            r = r + (1.f - r) * h;
+            g = g + (1.f - g) * h;
+            b = b + (1.f - b) * h;
+            std::uint8_t* p = tile->getWritablePixel(x, y);
+            p[0] = static_cast<std::uint8_t>(r * 255.f + 0.5f);
+            p[1] = static_cast<std::uint8_t>(g * 255.f + 0.5f);
+            p[2] = static_cast<std::uint8_t>(b * 255.f + 0.5f);
+            p[3] = static_cast<std::uint8_t>(cover * 255.f + 0.5f);
+        }
+    }
+    return tile;
+}
+
+// A user-draw callback bound to a function of the widget's rectangle (the drawing
+// coordinates of a user-draw callback are those of the widget's rectangle).
+class Painter : public CbHandler<EvEvent> {
+public:
+    Painter(UiWidget* widget, std::function<void(GeRectangle<int> const&)> paint)
+        : _widget(widget), _paint(std::move(paint)) {
+        _widget->addUserDrawCb(this);
+    }
+    ~Painter() override { _widget->removeUserDrawCb(this); }
+    void call(EvEvent&) override { _paint(_widget->getRect()); }
+
+private:
+    UiWidget* _widget;
+    std::function<void(GeRectangle<int> const&)> _paint;
+};
+
+// A push button: raised, pressed in while armed; the release over it activates it.
 class GalleryButton : public UiWidget {
 public:
     static RCShdPtr<GalleryButton> create(UiContainer* parent, LiString const& name,
@@ -20,17 +93,25 @@ public:
         button->resInit(nullptr);
         button->postInit();
         button->setRect(rect);
+        button->setFrame(frameNamed("PushOut"), DefaultFrame);
+        button->setFrame(frameNamed("PushIn"), "Pressed");
         return button;
     }
 
 protected:
     GalleryButton(UiContainer* parent, LiString const& name)
-        : UiWidget(parent, name),
-          _grab([this](EvEvent&) { UiGrab::pointer().grab(getEventHandler()); }),
+        : UiWidget(parent, name), _grab([this](EvEvent&) {
+              UiGrab::pointer().grab(getEventHandler());
+              setCurrentFrame("Pressed");
+              markForUpdate();
+          }),
           _release([this](EvEvent& e) {
               UiGrab::pointer().release(getEventHandler());
-              if (isInside(static_cast<EvPointerButtonUpEvent&>(e).getCoord()))
-                  activate(e);
+              setCurrentFrame(DefaultFrame);
+              markForUpdate();
+              if (auto* up = dynamic_cast<EvPointerButtonUpEvent*>(&e))
+                  if (isInside(up->getCoord()))
+                      activate(e);
           }) {
         addArmCb(&_grab);
         addDisarmCb(&_release);
@@ -41,61 +122,231 @@ private:
     CbFunction<EvEvent> _release;
 };
 
-OPtr<EvEvent> button(bool down, WsWindowId window, GePoint2<int> at) {
-    OPtr<EvPointerButtonEvent> e;
-    if (down)
-        e = std::make_unique<EvPointerButtonDownEvent>();
-    else
-        e = std::make_unique<EvPointerButtonUpEvent>();
-    e->setWindowId(window);
-    e->setWCoord(at);
-    e->setTriggerButton(EvPointerState::Left);
-    e->setPointerState(EvPointerState(down ? EvPointerState::Left : EvPointerState::NoButton));
-    return e;
+// The widget tree of the gallery and what draws into it.
+class Gallery {
+public:
+    Gallery() : _icon(makeIcon()) {
+        _window = UiTopLevel::create("ZRui gallery", nullptr,
+                                     WsWindowStyleUtils::getNormalWindowStyle({80, 720, 80, 480}));
+        _window->setWindowTitle("ZRui gallery");
+        UiContainer* root = _window->getRootContainer().get();
+        root->setShadedBackground(true);
+        WsFontRegistry& fonts = WsFontRegistry::getInstance();
+        _title = fonts.getFont(WsFontRegistry::Normal18Font);
+        _text = fonts.getFont(WsFontRegistry::Normal14Font);
+        _small = fonts.getFont(WsFontRegistry::Normal12Font);
+        _italic = fonts.getFont(WsFontRegistry::Italic12Font);
+        _fixed = fonts.getFont(WsFontRegistry::Fixed12Font);
+
+        buildTitle(root);
+        buildSwatches(root);
+        buildTextPanel(root);
+        buildIconPanel(root);
+        buildButtons(root);
+    }
+
+    ~Gallery() {
+        _painters.clear();
+        _window->getRootContainer()->removeChildren();
+    }
+
+    UiTopLevel& window() { return *_window; }
+
+private:
+    RCShdPtr<UiWidget> plain(UiContainer* parent, char const* name, GeRectangle<int> rect,
+                             char const* background, char const* frame) {
+        RCShdPtr<UiWidget> w = UiWidget::create(parent, name);
+        w->setRect(rect);
+        w->setColor(UiWidget::BackgroundColor, named(background));
+        w->setColor(UiWidget::ParentColor, parent->getCurrentBackground());
+        w->setFrame(frameNamed(frame), UiWidget::DefaultFrame);
+        return w;
+    }
+
+    void paint(UiWidget* w, std::function<void(GeRectangle<int> const&)> fn) {
+        _painters.push_back(std::make_unique<Painter>(w, std::move(fn)));
+    }
+
+    void buildTitle(UiContainer* root) {
+        RCShdPtr<UiWidget> title = plain(root, "title", {12, 628, 346, 390}, "Blue2", "PushOut");
+        paint(title.get(), [this](GeRectangle<int> const& r) {
+            setColor(named("White"));
+            _title->drawString("ZRui gallery", r.x1 + 14.f, r.y1 + 15.f);
+            setColor(named("Grey175"));
+            std::string const sub = "widgets drawn with OpenGL";
+            _small->drawString(sub, r.x2 - 14.f - _small->getStringWidth(sub), r.y1 + 17.f);
+        });
+    }
+
+    void buildSwatches(UiContainer* root) {
+        static char const* const colours[] = {"Red",    "Orange", "Yellow",
+                                              "Green1", "Cyan1",  "Blue1"};
+        int x = 12;
+        for (char const* colour : colours) {
+            RCShdPtr<UiWidget> swatch = plain(root, colour, {x, x + 94, 284, 330}, colour, "Line");
+            std::string label = colour;
+            paint(swatch.get(), [this, label](GeRectangle<int> const& r) {
+                setColor(named("Black"));
+                _small->drawCenteredString(label, (r.x1 + r.x2) / 2.f, (r.y1 + r.y2) / 2.f, 1.f,
+                                           true, true);
+            });
+            x += 104;
+        }
+    }
+
+    void buildTextPanel(UiContainer* root) {
+        RCShdPtr<UiWidget> panel = plain(root, "text", {12, 380, 96, 268}, "TextBackground", "In");
+        paint(panel.get(), [this](GeRectangle<int> const& r) {
+            float const x = r.x1 + 14.f;
+            float y = r.y2 - 14.f - _text->getAscent();
+            setColor(named("TitleForeground"));
+            _text->drawString("Normal14Font: The quick brown fox", x, y);
+            y -= _text->getLineHeight() + 6;
+            setColor(named("Foreground"));
+            _small->drawString("Normal12Font: jumps over the lazy dog.", x, y);
+            y -= _small->getLineHeight() + 6;
+            setColor(named("Yellow1"));
+            _italic->drawString("Italic12Font: named colours, frames, text", x, y);
+            y -= _italic->getLineHeight() + 6;
+            setColor(named("Green4"));
+            _fixed->drawString("Fixed12Font: 0123456789 {}[]<>", x, y);
+            y -= _fixed->getLineHeight() + 6;
+            setColor(named("Cyan1"));
+            _small->drawString("UTF-8: \xc3\xa9t\xc3\xa9, na\xc3\xafve, \xc3\x85ngstr\xc3\xb6m", x,
+                               y);
+        });
+    }
+
+    void buildIconPanel(UiContainer* root) {
+        RCShdPtr<UiWidget> panel = plain(root, "icon", {392, 628, 96, 268}, "Grey45", "PushOut");
+        paint(panel.get(), [this](GeRectangle<int> const& r) {
+            int const size = _icon->getWidth();
+            GePoint2<int> const at((r.x1 + r.x2 - size) / 2, (r.y1 + r.y2 - size) / 2 + 12);
+            GfxImageUtil::draw(_icon, {size, _icon->getHeight()}, at, 1.f, true);
+            setColor(named("Foreground"));
+            _small->drawCenteredString("an icon built in memory", (r.x1 + r.x2) / 2.f, at.y - 16.f,
+                                       1.f, true, true);
+        });
+    }
+
+    void buildButtons(UiContainer* root) {
+        _ok = GalleryButton::create(root, "ok", {12, 112, 28, 68});
+        _cancel = GalleryButton::create(root, "cancel", {124, 224, 28, 68});
+        RCShdPtr<UiWidget> status = plain(root, "status", {240, 628, 28, 68}, "Grey30", "In");
+        for (auto* b : {_ok.get(), _cancel.get()}) {
+            b->setColor(UiWidget::BackgroundColor, named("Grey100"));
+            b->setColor(UiWidget::ParentColor, root->getCurrentBackground());
+            std::string label = b == _ok.get() ? "OK" : "Cancel";
+            paint(b, [this, label](GeRectangle<int> const& r) {
+                setColor(named("Black"));
+                _text->drawCenteredString(label, (r.x1 + r.x2) / 2.f, (r.y1 + r.y2) / 2.f, 1.f,
+                                          true, true);
+            });
+        }
+        UiWidget* statusWidget = status.get();
+        paint(statusWidget, [this](GeRectangle<int> const& r) {
+            setColor(named("Foreground"));
+            _small->drawString(_status, r.x1 + 12.f, (r.y1 + r.y2) / 2.f - 4.f);
+        });
+        _onOk = std::make_unique<CbFunction<EvEvent>>([this, statusWidget](EvEvent&) {
+            _status = "OK pressed " + std::to_string(++_okCount) + " time(s)";
+            statusWidget->markForUpdate();
+        });
+        _onCancel = std::make_unique<CbFunction<EvEvent>>(
+            [this](EvEvent&) { UiApplication::getInstance().exitLoop(); });
+        _ok->addActivateCb(_onOk.get());
+        _cancel->addActivateCb(_onCancel.get());
+    }
+
+    RCShdPtr<UiTopLevel> _window;
+    RCShdPtr<IxTile> _icon;
+    RCShdPtr<WsFont> _title, _text, _small, _italic, _fixed;
+    RCShdPtr<GalleryButton> _ok, _cancel;
+    std::unique_ptr<CbFunction<EvEvent>> _onOk, _onCancel;
+    std::vector<std::unique_ptr<Painter>> _painters;
+    std::string _status = "Click OK; Cancel or closing the window quits.";
+    int _okCount = 0;
+};
+
+struct Options {
+    std::string screenshot;
+    int frames = 0;
+};
+
+bool parse(int argc, char** argv, Options& options) {
+    for (int i = 1; i < argc; ++i) {
+        std::string const arg = argv[i];
+        if (arg == "--screenshot" && i + 1 < argc) {
+            options.screenshot = argv[++i];
+        } else if (arg == "--frames" && i + 1 < argc) {
+            options.frames = std::atoi(argv[++i]);
+            if (options.frames <= 0)
+                return false;
+        } else {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Runs the loop until `count` turns have repainted something.
+void runUntilRedrawn(int count, std::function<void()> const& afterEach = {}) {
+    UiApplication& app = UiApplication::getInstance();
+    int redraws = 0;
+    CbFunction<DtTimeIndex const> counter([&](DtTimeIndex const&) {
+        if (++redraws >= count)
+            app.exitLoop();
+        else if (afterEach)
+            afterEach();
+    });
+    app.addCallback(&counter);
+    app.messageLoop();
+    app.removeCallback(&counter);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    Options options;
+    if (!parse(argc, argv, options)) {
+        std::cerr << "usage: zrui-gallery [--screenshot FILE.png] [--frames N]\n";
+        return 2;
+    }
     InInitGuard packages(argc, argv);
     UiApplication& app = UiApplication::getInstance();
-    int redraws = 0;
+    if (!WsSdl::isActive() && (!options.screenshot.empty() || options.frames == 0))
+        std::cerr << "zrui-gallery: no display (" << WsSdl::getLastError()
+                  << "); the window is headless\n";
+    int status = 0;
     {
-        // The tree: a top level, and in its root container two buttons.
-        RCShdPtr<UiTopLevel> window = UiTopLevel::create("ZRui gallery");
-        UiContainer* root = window->getRootContainer().get();
-        RCShdPtr<GalleryButton> ok = GalleryButton::create(root, "ok", {20, 90, 20, 50});
-        RCShdPtr<GalleryButton> cancel = GalleryButton::create(root, "cancel", {110, 180, 20, 50});
-        window->show();
-
-        // Prints what a callback saw and on which widget.
-        struct Say : CbHandler<EvEvent> {
-            Say(std::string what, std::string widget)
-                : _text(std::move(what) + " " + std::move(widget)) {}
-            void call(EvEvent&) override { std::cout << _text << "\n"; }
-            std::string _text;
-        };
-        Say okArm("arm", "ok"), okDisarm("disarm", "ok"), okActivate("activate", "ok");
-        Say cancelActivate("activate", "cancel");
-        ok->addArmCb(&okArm);
-        ok->addDisarmCb(&okDisarm);
-        ok->addActivateCb(&okActivate);
-        cancel->addActivateCb(&cancelActivate);
-        // Called after each turn that repainted: the first repaint ends the loop.
-        CbFunction<DtTimeIndex const> countRedraws([&](DtTimeIndex const&) {
-            if (++redraws == 1)
-                app.exitLoop();
-        });
-        app.addCallback(&countRedraws);
-
-        // A click on "ok": the loop dispatches it in its slice, then repaints the window.
-        WsWindowId id = window->getOSWindow()->getId();
-        app.postEvent(button(true, id, {40, 30}));
-        app.postEvent(button(false, id, {42, 31}));
-        app.messageLoop();
-        app.removeCallback(&countRedraws);
-        std::cout << "redraws " << redraws << ", swaps " << window->getSwapCount() << "\n";
+        Gallery gallery;
+        UiTopLevel& window = gallery.window();
+        window.show();
+        if (!options.screenshot.empty()) {
+            runUntilRedrawn(1);
+            try {
+                window.writeScreenshot(OsFilePath(options.screenshot));
+                std::cout << "wrote " << std::filesystem::absolute(options.screenshot).string()
+                          << "\n";
+            } catch (ExBase const& e) {
+                std::cerr << "zrui-gallery: " << e.what() << "\n";
+                status = 1;
+            }
+        } else if (options.frames > 0) {
+            runUntilRedrawn(1);
+            auto const start = std::chrono::steady_clock::now();
+            UiContainer* root = window.getRootContainer().get();
+            root->markForUpdate();
+            runUntilRedrawn(options.frames, [root] { root->markForUpdate(); });
+            double const ms =
+                std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+                    .count();
+            std::cout << options.frames << " full repaints in " << ms << " ms ("
+                      << ms / options.frames << " ms each)\n";
+        } else {
+            app.messageLoop();
+        }
         app.clearCurrentWindow();
     }
-    return 0;
+    return status;
 }

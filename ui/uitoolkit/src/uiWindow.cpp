@@ -9,6 +9,7 @@
 
 #include "smStateManager.h"
 #include "wsEvents.h"
+#include "wsScreenshot.h"
 #include "wsWinMgr.h"
 
 #include <algorithm>
@@ -110,6 +111,29 @@ RCShdPtr<UiContainer> const& UiWindow::getRootContainer() const {
 }
 
 bool UiWindow::redraw() {
+    return redrawAndRead(nullptr);
+}
+
+std::vector<std::uint8_t> UiWindow::readPixels() {
+    std::vector<std::uint8_t> pixels;
+    if (!_imp->_osWindow)
+        return pixels;
+    // Everything is painted, so the buffer read holds the whole window whatever was there.
+    if (_imp->_root)
+        _imp->_root->markForUpdate();
+    _imp->_needsRedraw = true;
+    redrawAndRead(&pixels);
+    return pixels;
+}
+
+void UiWindow::writeScreenshot(OsFilePath const& path) {
+    std::vector<std::uint8_t> pixels = readPixels();
+    GeRectangle<int> const geometry =
+        _imp->_osWindow ? _imp->_osWindow->getGeometry() : GeRectangle<int>();
+    WsScreenshot::writePng(pixels, geometry.width(), geometry.height(), path);
+}
+
+bool UiWindow::redrawAndRead(std::vector<std::uint8_t>* readBack) {
     if (!_imp->_osWindow || !_imp->_needsRedraw)
         return false;
     auto start = std::chrono::steady_clock::now();
@@ -137,6 +161,9 @@ bool UiWindow::redraw() {
     if (_imp->_stencilMode)
         UiWindowExitState(windowRect, _imp->_stencilMode).apply();
     _imp->_needsRedraw = false;
+
+    if (readBack)
+        *readBack = WsScreenshot::readPixels(*_imp->_osWindow);
 
     double drawTime = secondsSince(start);
     auto swapStart = std::chrono::steady_clock::now();

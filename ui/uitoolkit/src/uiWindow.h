@@ -5,10 +5,13 @@
 
 #include "uiContainer.h"
 
+#include "osFilePath.h"
 #include "wsWindow.h"
 #include "wsWindowStyle.h"
 
+#include <cstdint>
 #include <list>
+#include <vector>
 
 namespace Zr {
 
@@ -29,6 +32,11 @@ public:
     // Repaints the marks if anything is damaged; returns whether it drew.
     bool redraw();
     virtual void swapBuffers();
+    // Repaints the whole window and reads it back before the swap: width x height RGBA bytes,
+    // top row first (as WsScreenshot gives them). Empty without a system window.
+    std::vector<std::uint8_t> readPixels();
+    // readPixels written as a PNG file; throws WsScreenshot::ExWriteFailed naming the file.
+    void writeScreenshot(OsFilePath const& path);
     // Damage somewhere in the tree: the loop will redraw this window at the end of its turn.
     void markNotify();
     bool needsRedraw() const;
@@ -69,6 +77,8 @@ protected:
     void buildRoot(UiResTable const* table);
     // Translates by the canvas minima of the ancestors below the parent window.
     GeRectangle<int> mapRectToParentWindow(GeRectangle<int> const& rect) const;
+    // Paints the marks and swaps; with `readBack` the back buffer is read into it first.
+    bool redrawAndRead(std::vector<std::uint8_t>* readBack);
 
     RCShdPtr<UiWindowImp> _imp;
     UPtr<SmContext> _context;
