@@ -11,6 +11,7 @@
 #include "uiLogGroups.h"
 #include "uiResTable.h"
 #include "uiWidget.h"
+#include "uiWidgetFactory.h"
 #include "uiWindowImp.h"
 
 #include "exBase.h"
@@ -67,6 +68,8 @@ void UiToolkitInit::init() {
     // The hotkey entries are known without graphics too, so that windows can bind them.
     UiWindowImp::StencilHotkeyEntry =
         UiHotkeyRegistry::getInstance().getEntry(LiString("Toggle Stencil Mode"));
+    // Definitions can be built without graphics too, so the factories are always there.
+    UiWidgetFactory::registerToolkitFactories();
     if (!WsTestGfx::isNoGraphicsRequested()) {
         // Real windows when a display opens; otherwise the headless windows stay, and the
         // toolkit still works without pixels.
