@@ -1,0 +1,354 @@
+// Toolkit windows on a real display (the virtual one under scripts/test.sh): pixels read back
+// after redraws, only the marks repainted, no swap without marks, resize, expose, closing
+// windows, text where its metrics put it, an image partly off the lower-left corner. Every
+// test is skipped when no display opened.
+#include "uiApplication.h"
+#include "uiColorRegistry.h"
+#include "uiContainer.h"
+#include "uiTopLevel.h"
+#include "uiWidget.h"
+
+#include "gfxImageUtil.h"
+#include "ixTile.h"
+#include "smGl.h"
+#include "wsEvents.h"
+#include "wsFont.h"
+#include "wsFontRegistry.h"
+#include "wsScreenshot.h"
+#include "wsSdl.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <vector>
+
+using namespace Zr;
+
+namespace {
+
+DtTimeIndex inMs(int ms) {
+    return DtRefTimeFactory::now() + std::int64_t(ms) * 1000;
+}
+
+std::uint32_t rgba(int r, int g, int b) {
+    return std::uint32_t(r) << 24 | std::uint32_t(g) << 16 | std::uint32_t(b) << 8 | 0xffu;
+}
+
+CoRgbColor colour(int r, int g, int b) {
+    return CoRgbColor(r / 255.f, g / 255.f, b / 255.f);
+}
+
+// Counts the user-draw calls of one widget and runs an optional painting.
+class DrawCounter : public CbHandler<EvEvent> {
+public:
+    explicit DrawCounter(UiWidget* w, std::function<void(GeRectangle<int> const&)> paint = {})
+        : _widget(w), _paint(std::move(paint)) {
+        _widget->addUserDrawCb(this);
+    }
+    ~DrawCounter() override { _widget->removeUserDrawCb(this); }
+    void call(EvEvent&) override {
+        ++count;
+        if (_paint)
+            _paint(_widget->getRect());
+    }
+    int count = 0;
+
+private:
+    UiWidget* _widget;
+    std::function<void(GeRectangle<int> const&)> _paint;
+};
+
+class ScreenFixture : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (!WsSdl::isActive())
+            GTEST_SKIP() << "No display: " << WsSdl::getLastError();
+    }
+    void TearDown() override {
+        _counters.clear();
+        UiApplication& app = UiApplication::getInstance();
+        app.clearCurrentWindow();
+        for (auto& w : _windows)
+            w->getRootContainer()->removeChildren();
+        _windows.clear();
+        // Whatever the closed windows left in the queue goes with them.
+        pump(50);
+    }
+
+    // A mapped top level of `size`, grey root, drawn once and settled.
+    UiTopLevel& open(int width = 200, int height = 150, bool main = false) {
+        WsWindowStyle style =
+            WsWindowStyleUtils::getNormalWindowStyle({100, 100 + width, 100, 100 + height});
+        style.setMainWindow(main);
+        RCShdPtr<UiTopLevel> w = UiTopLevel::create("screen test", nullptr, style);
+        _windows.push_back(w);
+        w->getRootContainer()->setColor(UiWidget::BackgroundColor, colour(64, 64, 64));
+        w->show();
+        pump(200);
+        return *w;
+    }
+
+    RCShdPtr<UiWidget> box(UiTopLevel& w, GeRectangle<int> rect, CoRgbColor const& c) {
+        RCShdPtr<UiWidget> b = UiWidget::create(w.getRootContainer().get(), "box");
+        b->setRect(rect);
+        b->setColor(UiWidget::BackgroundColor, c);
+        return b;
+    }
+
+    DrawCounter& count(UiWidget* w, std::function<void(GeRectangle<int> const&)> paint = {}) {
+        _counters.push_back(std::make_unique<DrawCounter>(w, std::move(paint)));
+        return *_counters.back();
+    }
+
+    // What the loop does, by hand: dispatch what arrives for `ms`, redrawing each window
+    // after every batch. Returns the number of redraws.
+    int pump(int ms) {
+        UiApplication& app = UiApplication::getInstance();
+        DtTimeIndex const until = inMs(ms);
+        int redraws = 0;
+        do {
+            while (OPtr<EvEvent> e = app.getNextEvent(inMs(10)))
+                app.processEvent(*e);
+            std::vector<UiWindow*> windows;
+            for (auto const& [os, ui] : app.getWindowTable())
+                windows.push_back(ui);
+            for (UiWindow* ui : windows)
+                redraws += ui->redraw() ? 1 : 0;
+        } while (DtRefTimeFactory::now() < until);
+        return redraws;
+    }
+
+    static std::uint32_t pixel(UiWindow& w, std::vector<std::uint8_t> const& px, int x, int y) {
+        GeRectangle<int> g = w.getOSWindow()->getGeometry();
+        return WsScreenshot::pixelAt(px, g.width(), g.height(), x, y);
+    }
+
+    std::vector<RCShdPtr<UiTopLevel>> _windows;
+    std::vector<std::unique_ptr<DrawCounter>> _counters;
+};
+
+using ScreenPixels = ScreenFixture;
+using ScreenMarks = ScreenFixture;
+using ScreenEvents = ScreenFixture;
+using ScreenText = ScreenFixture;
+
+TEST_F(ScreenPixels, RedrawsShowWhatTheWidgetsHoldNow) {
+    UiTopLevel& w = open();
+    RCShdPtr<UiWidget> b = box(w, {20, 70, 30, 80}, colour(255, 0, 0));
+    pump(100);
+    std::vector<std::uint8_t> px = w.readPixels();
+    ASSERT_EQ(px.size(), 200u * 150u * 4u);
+    EXPECT_EQ(pixel(w, px, 20, 30), rgba(255, 0, 0));
+    EXPECT_EQ(pixel(w, px, 69, 79), rgba(255, 0, 0));
+    EXPECT_EQ(pixel(w, px, 70, 79), rgba(64, 64, 64)); // x2 is outside
+    EXPECT_EQ(pixel(w, px, 19, 30), rgba(64, 64, 64));
+    EXPECT_EQ(pixel(w, px, 199, 149), rgba(64, 64, 64));
+
+    b->setColor(UiWidget::BackgroundColor, colour(0, 0, 255));
+    b->markForUpdate();
+    EXPECT_GE(pump(100), 1);
+    px = w.readPixels();
+    EXPECT_EQ(pixel(w, px, 40, 50), rgba(0, 0, 255));
+
+    // Moved: the old place shows the root again, the new one the widget.
+    b->setRect({120, 170, 30, 80});
+    pump(100);
+    px = w.readPixels();
+    EXPECT_EQ(pixel(w, px, 40, 50), rgba(64, 64, 64));
+    EXPECT_EQ(pixel(w, px, 140, 50), rgba(0, 0, 255));
+}
+
+TEST_F(ScreenPixels, ScreenshotWritesThePngOfTheWindow) {
+    UiTopLevel& w = open(64, 48);
+    RCShdPtr<UiWidget> b = box(w, {0, 16, 0, 8}, colour(0, 255, 0));
+    pump(100);
+    auto const path = std::filesystem::temp_directory_path() / "zr-screen-test.png";
+    w.writeScreenshot(OsFilePath(path));
+    int width = 0, height = 0;
+    std::vector<std::uint8_t> png = WsScreenshot::readPng(OsFilePath(path), width, height);
+    std::filesystem::remove(path);
+    ASSERT_EQ(width, 64);
+    ASSERT_EQ(height, 48);
+    EXPECT_EQ(WsScreenshot::pixelAt(png, width, height, 0, 0), rgba(0, 255, 0));
+    EXPECT_EQ(WsScreenshot::pixelAt(png, width, height, 16, 0), rgba(64, 64, 64));
+    EXPECT_EQ(WsScreenshot::pixelAt(png, width, height, 15, 7), rgba(0, 255, 0));
+    EXPECT_EQ(WsScreenshot::pixelAt(png, width, height, 15, 8), rgba(64, 64, 64));
+    EXPECT_THROW(w.writeScreenshot(OsFilePath("/nonexistent-dir/x.png")),
+                 WsScreenshot::ExWriteFailed);
+}
+
+TEST_F(ScreenPixels, ImagePartlyOffTheLowerLeftCornerKeepsItsPixelsInPlace) {
+    UiTopLevel& w = open(100, 80);
+    // Each tile pixel tells where it is: red = 10 x, green = 10 y.
+    RCShdPtr<IxTile> tile = makeShared<IxTile>(20, 20, 4);
+    for (int y = 0; y < 20; ++y)
+        for (int x = 0; x < 20; ++x) {
+            std::uint8_t* p = tile->getWritablePixel(x, y);
+            p[0] = std::uint8_t(10 * x);
+            p[1] = std::uint8_t(10 * y);
+            p[2] = 200;
+            p[3] = 255;
+        }
+    RCShdPtr<UiWidget> b = box(w, {0, 50, 0, 50}, colour(0, 0, 0));
+    count(b.get(), [&](GeRectangle<int> const&) {
+        GfxImageUtil::draw(tile, {20, 20}, {-5, -7}, 1.f, false);
+    });
+    b->markForUpdate();
+    pump(100);
+    std::vector<std::uint8_t> px = w.readPixels();
+    EXPECT_EQ(pixel(w, px, 0, 0), rgba(50, 70, 200));
+    EXPECT_EQ(pixel(w, px, 14, 12), rgba(190, 190, 200));
+    EXPECT_EQ(pixel(w, px, 3, 9), rgba(80, 160, 200));
+    EXPECT_EQ(pixel(w, px, 15, 0), rgba(0, 0, 0));
+    EXPECT_EQ(pixel(w, px, 0, 13), rgba(0, 0, 0));
+}
+
+TEST_F(ScreenMarks, OnlyTheMarkedWidgetIsRepainted) {
+    UiTopLevel& w = open();
+    RCShdPtr<UiWidget> a = box(w, {10, 60, 10, 60}, colour(255, 0, 0));
+    RCShdPtr<UiWidget> b = box(w, {100, 150, 10, 60}, colour(0, 255, 0));
+    DrawCounter& da = count(a.get());
+    DrawCounter& db = count(b.get());
+    pump(150);
+    EXPECT_EQ(db.count, 1);
+
+    // The next damage also brings the other buffer up to date: b, drawn into one buffer so
+    // far, is painted once more; after that only what is marked.
+    a->markForUpdate();
+    EXPECT_GE(pump(100), 1);
+    EXPECT_EQ(db.count, 2);
+
+    da.count = db.count = 0;
+    a->markForUpdate();
+    int const swaps = w.getSwapCount();
+    EXPECT_GE(pump(100), 1);
+    EXPECT_GE(da.count, 1);
+    EXPECT_EQ(db.count, 0);
+    EXPECT_GE(w.getSwapCount(), swaps + 1);
+    std::vector<std::uint8_t> px = w.readPixels();
+    EXPECT_EQ(pixel(w, px, 30, 30), rgba(255, 0, 0));
+    EXPECT_EQ(pixel(w, px, 120, 30), rgba(0, 255, 0));
+}
+
+TEST_F(ScreenMarks, AWindowWithoutMarksNeitherDrawsNorSwaps) {
+    UiTopLevel& w = open();
+    RCShdPtr<UiWidget> a = box(w, {10, 60, 10, 60}, colour(255, 0, 0));
+    DrawCounter& da = count(a.get());
+    pump(150);
+    int const swaps = w.getSwapCount();
+    da.count = 0;
+    EXPECT_FALSE(w.needsRedraw());
+    EXPECT_FALSE(w.redraw());
+    EXPECT_EQ(pump(100), 0);
+    EXPECT_EQ(w.getSwapCount(), swaps);
+    EXPECT_EQ(da.count, 0);
+}
+
+TEST_F(ScreenEvents, ResizeFollowsTheWindowAndFillsTheRoot) {
+    UiTopLevel& w = open(120, 90);
+    w.setRect({100, 260, 100, 220});
+    pump(300);
+    EXPECT_EQ(w.getRect().width(), 160);
+    EXPECT_EQ(w.getRect().height(), 120);
+    EXPECT_EQ(w.getRootContainer()->getRect().width(), 160);
+    EXPECT_EQ(w.getRootContainer()->getRect().height(), 120);
+    std::vector<std::uint8_t> px = w.readPixels();
+    ASSERT_EQ(px.size(), 160u * 120u * 4u);
+    EXPECT_EQ(pixel(w, px, 159, 119), rgba(64, 64, 64));
+}
+
+TEST_F(ScreenEvents, ExposeRepaintsTheWindow) {
+    UiTopLevel& w = open();
+    RCShdPtr<UiWidget> a = box(w, {10, 60, 10, 60}, colour(255, 0, 0));
+    DrawCounter& da = count(a.get());
+    pump(150);
+    da.count = 0;
+    UiApplication::getInstance().postEvent(std::make_unique<WsExposeEvent>(
+        w.getOSWindow()->getId(), GeRectangle<int>{0, 200, 0, 150}));
+    EXPECT_GE(pump(100), 1);
+    EXPECT_GE(da.count, 1);
+}
+
+TEST_F(ScreenEvents, ClosingASecondaryWindowRemovesItAndCallsTheCloseHandlers) {
+    UiTopLevel& w = open();
+    UiApplication& app = UiApplication::getInstance();
+    int closes = 0;
+    CbFunction<EvEvent> onClose([&](EvEvent&) { ++closes; });
+    app.addWindowCloseHandler(&onClose);
+    WsWindow* os = w.getOSWindow().get();
+    app.postEvent(std::make_unique<WsWindowCloseEvent>(os->getId()));
+    pump(100);
+    app.removeWindowCloseHandle(&onClose);
+    EXPECT_EQ(closes, 1);
+    EXPECT_EQ(app.getWindowRef(os), nullptr);
+    EXPECT_FALSE(w.isDisplayed());
+    EXPECT_FALSE(app.isExitRequested());
+}
+
+TEST_F(ScreenEvents, ClosingTheMainWindowAsksTheExitHandlers) {
+    UiTopLevel& w = open(200, 150, true);
+    UiApplication& app = UiApplication::getInstance();
+    ASSERT_EQ(app.getMainWindow(), &w);
+    struct Handler : UiApplication::ExitHandler {
+        bool allow = false;
+        int asked = 0;
+        bool canExit() override {
+            ++asked;
+            return allow;
+        }
+    } handler;
+    UiApplication::addExitHandler(&handler);
+    WsWindowId const id = w.getOSWindow()->getId();
+    app.postEvent(std::make_unique<WsWindowCloseEvent>(id));
+    pump(100);
+    EXPECT_EQ(handler.asked, 1);
+    EXPECT_FALSE(app.isExitRequested());
+    EXPECT_NE(app.getWindowRef(id), nullptr);
+
+    handler.allow = true;
+    app.postEvent(std::make_unique<WsWindowCloseEvent>(id));
+    pump(100);
+    UiApplication::removeExitHandler(&handler);
+    EXPECT_EQ(handler.asked, 2);
+    EXPECT_TRUE(app.isExitRequested());
+}
+
+TEST_F(ScreenText, TextIsDrawnWhereItsMetricsSay) {
+    UiTopLevel& w = open(200, 80);
+    RCShdPtr<WsFont> font = WsFontRegistry::getInstance().getFont(WsFontRegistry::Normal18Font);
+    RCShdPtr<UiWidget> b = box(w, {0, 200, 0, 80}, colour(0, 0, 0));
+    float const x = 30.f, y = 20.f;
+    std::string const text = "HHH";
+    count(b.get(), [&](GeRectangle<int> const&) {
+        float const white[3] = {1.f, 1.f, 1.f};
+        SmGl::color3fv(white);
+        font->drawString(text, x, y);
+    });
+    b->markForUpdate();
+    pump(100);
+    std::vector<std::uint8_t> px = w.readPixels();
+    // The box of the ink.
+    int minX = 1000, maxX = -1, minY = 1000, maxY = -1;
+    for (int py = 0; py < 80; ++py)
+        for (int pxx = 0; pxx < 200; ++pxx)
+            if ((pixel(w, px, pxx, py) >> 24) > 128) {
+                minX = std::min(minX, pxx);
+                maxX = std::max(maxX, pxx);
+                minY = std::min(minY, py);
+                maxY = std::max(maxY, py);
+            }
+    ASSERT_GE(maxX, 0) << "no text drawn";
+    float const width = font->getStringWidth(text);
+    // "H" stands on the baseline, reaches no higher than the ascent, and starts at the pen.
+    EXPECT_NEAR(minY, y, 1);
+    EXPECT_LE(maxY, y + font->getAscent());
+    EXPECT_GE(maxY, y + font->getAscent() / 2);
+    EXPECT_NEAR(minX, x, 3);
+    EXPECT_LE(maxX, x + width);
+    EXPECT_GE(maxX, x + width - 6);
+}
+
+} // namespace
