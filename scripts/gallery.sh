@@ -1,5 +1,7 @@
 #!/usr/bin/env bash
-# Builds and runs the gallery, the toolkit's main program, on the shipped resources.
+# Builds and runs the gallery, the toolkit's main program, on the shipped resources. With no
+# display it runs under a virtual one and writes a screenshot (gallery.png unless arguments say
+# otherwise), then prints where it is.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
@@ -7,4 +9,15 @@ build=${ZR_BUILD_DIR:-build}
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZR_BUILD_TESTS=OFF >/dev/null
 cmake --build "$build" -j"$(nproc)" --target zrui-gallery
 export ZR_RESOURCES_DIR=${ZR_RESOURCES_DIR:-$PWD/resources}
-exec "$build/apps/gallery/zrui-gallery" "$@"
+gallery="$build/apps/gallery/zrui-gallery"
+if [ -n "${DISPLAY:-}" ]; then
+  exec "$gallery" "$@"
+fi
+if ! command -v xvfb-run >/dev/null; then
+  echo "gallery.sh: no DISPLAY and no xvfb-run; install xvfb or run on a desktop" >&2
+  exit 1
+fi
+[ $# -gt 0 ] || set -- --screenshot gallery.png
+export LIBGL_ALWAYS_SOFTWARE=1
+echo "No DISPLAY: running the gallery under a virtual display (Xvfb)"
+xvfb-run -a -s "-screen 0 1920x1080x24 -nolisten tcp" "$gallery" "$@"
