@@ -5,6 +5,7 @@
 
 #include <charconv>
 #include <ostream>
+#include <sstream>
 
 namespace Zr {
 
@@ -164,6 +165,13 @@ void XmlWriter::writeTag(std::string const& tag, std::string const& text) {
     if (!text.empty())
         writeData(text);
     closeTag();
+}
+
+std::string XmlWriter::escape(std::string_view text, bool inAttribute) {
+    std::ostringstream os;
+    XmlWriter writer(os, 0);
+    writer.writeEscaped(text, inAttribute);
+    return os.str();
 }
 
 } // namespace Zr

@@ -58,6 +58,10 @@ public:
         XmlWriter& _writer;
     };
 
+    // The text with XML's special characters replaced by references, as writeData (text) or
+    // writeAttrib (inAttribute) would write it.
+    static std::string escape(std::string_view text, bool inAttribute);
+
 private:
     struct Open {
         std::string _tag;

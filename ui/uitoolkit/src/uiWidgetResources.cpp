@@ -2,6 +2,8 @@
 // widget's name, the effect of each resource, and changes of single resources at run time.
 #include "uiWidget.h"
 
+#include "xmlWriter.h"
+
 #include "uiColorRegistry.h"
 #include "uiFrame.h"
 #include "uiResColor.h"
@@ -106,7 +108,8 @@ void UiWidget::setResource(RCShdPtr<UiResource> const& resource) {
 
 void UiWidget::changeResource(LiString const& text) {
     UiResTable local;
-    std::string xml = "<Widget Name=\"" + _name.str() + "\">" + text.str() + "</Widget>";
+    std::string xml =
+        "<Widget Name=\"" + XmlWriter::escape(_name.str(), true) + "\">" + text.str() + "</Widget>";
     LiString name = local.readWidgetCatchErrors(LiString(xml), UiResource::LevelApplication);
     if (UiResSet const* set = local.getResSet(name))
         for (RCShdPtr<UiResource> const& resource : *set)
