@@ -5,6 +5,7 @@
 #include "uiResTable.h"
 
 #include <benchmark/benchmark.h>
+#include <pugixml.hpp>
 
 #include <unistd.h>
 
@@ -168,6 +169,34 @@ void BM_ResTableReadFile5MB(benchmark::State& state) {
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * xml.size()));
 }
 BENCHMARK(BM_ResTableReadFile5MB)->Unit(benchmark::kMillisecond);
+
+// For comparison: pugixml alone parsing the same text in memory.
+void BM_PugixmlParse5MB(benchmark::State& state) {
+    std::string const xml = generatedTable(2000, 5 * 1000 * 1000);
+    for (auto _ : state) {
+        pugi::xml_document document;
+        benchmark::DoNotOptimize(document.load_buffer(xml.data(), xml.size()));
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * xml.size()));
+}
+BENCHMARK(BM_PugixmlParse5MB)->Unit(benchmark::kMillisecond);
+
+// The same table in the text form, read from a string.
+void BM_ResTableReadText(benchmark::State& state) {
+    UiResTable source;
+    source.readTable(LiString(generatedTable(2000, 5 * 1000 * 1000)), UiResource::LevelApplication);
+    std::ostringstream os;
+    source.writeTableText(os);
+    LiString const text(os.str());
+    for (auto _ : state) {
+        UiResTable table;
+        table.readTableText(text, UiResource::LevelApplication);
+        benchmark::DoNotOptimize(table.getNbEntries());
+    }
+    state.counters["text_MB"] = static_cast<double>(text.str().size()) / 1e6;
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.str().size()));
+}
+BENCHMARK(BM_ResTableReadText)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace Zr
