@@ -28,14 +28,19 @@
 #include "uiResourceEx.h"
 #include "uiresourcesInit.h"
 
-// Widgets, the event loop, windows, focus and grabs.
+// Widgets and their factories, frames, the event loop, windows, focus and grabs.
 #include "uiApplication.h"
 #include "uiArmStack.h"
 #include "uiContainer.h"
+#include "uiContainerFactory.h"
 #include "uiDragAndDrop.h"
 #include "uiFocusKeyboard.h"
 #include "uiFocusPointer.h"
 #include "uiFrame.h"
+#include "uiFrameBevel.h"
+#include "uiFrameLine.h"
+#include "uiFramePaint.h"
+#include "uiFrameTab.h"
 #include "uiGestureRecogniser.h"
 #include "uiGrab.h"
 #include "uiGrabHandler.h"
@@ -45,5 +50,7 @@
 #include "uiTopLevel.h"
 #include "uiWidget.h"
 #include "uiWidgetEvent.h"
+#include "uiWidgetFactory.h"
+#include "uiWidgetGroupFactory.h"
 #include "uiWindow.h"
 #include "uitoolkitInit.h"
