@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <sstream>
 #include <string>
 
@@ -92,6 +93,15 @@ TEST(ConstraintCalc, SiblingsAnchorOnFacingOrOppositeEdges) {
 
 TEST(ConstraintCalc, CrossingEdgesGiveAnEmptyRectangleAtTheLowEdge) {
     EXPECT_EQ(rect("50 p l 0 p b 20 p l 0 p t", 200, 100), GeRectangle<int>(50, 50, 0, 100));
+}
+
+TEST(ConstraintCalc, EdgesBeyondTheRangeOfIntStopAtItsEnds) {
+    GeRectangle<int> const r = rect("-1e30 p l 0 p b 1e30 % r 3e38 u t", 200, 100);
+    EXPECT_EQ(r.x1, std::numeric_limits<int>::min());
+    EXPECT_EQ(r.x2, 2147483520);
+    EXPECT_EQ(r.y2, 2147483520);
+    // A value that is not a number places its edge at 0.
+    EXPECT_EQ(rect("nan p l 0 p b 10 p l 0 p t", 200, 100), GeRectangle<int>(0, 10, 0, 100));
 }
 
 TEST(ConstraintCalc, EditFormStoresThePixelEdges) {

@@ -91,6 +91,16 @@ TEST(ValueResourceNumbers, ReadingReplacesAndTextListsValues) {
     readFrom(doubles, "<Double>1.25</Double>");
     EXPECT_EQ(doubles.getValues(), std::vector<double>{1.25});
     EXPECT_NE(xmlOf(doubles).find("<Double>1.25</Double>"), std::string::npos);
+
+    // Every value written as text reads back: shortest exact digits, infinities, subnormals.
+    UiResDouble odd("Odd", "0.1 +2 -inf 4.9e-324 1.7976931348623157e308");
+    ASSERT_EQ(odd.getNbValues(), 5);
+    EXPECT_EQ(odd[1], 2.0);
+    EXPECT_EQ(odd[3], 4.9e-324);
+    UiResDouble back("Odd", textOf(odd, true).c_str());
+    EXPECT_EQ(back.getValues(), odd.getValues());
+    // A word that is not wholly a number ends the list.
+    EXPECT_EQ(UiResInt("Value", "1 2x 3").getValues(), std::vector<int>{1});
 }
 
 TEST(ValueResourceText, QuotesStringsWithBlanks) {
