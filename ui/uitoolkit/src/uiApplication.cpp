@@ -14,6 +14,10 @@
 #include "inPaths.h"
 #include "mtAlarmManager.h"
 #include "osFilePath.h"
+#include "statContainer.h"
+#include "statMgr.h"
+#include "statResourceRegistry.h"
+#include "statTypes.h"
 #include "tmGfxMsc.h"
 #include "wsCursorRegistry.h"
 #include "wsEventQ.h"
@@ -95,6 +99,8 @@ UiApplication::UiApplication()
     UiGrab::pointer().registerGrabCb(&_grabClosesTooltip);
     UiGrab::keyboard().registerGrabCb(&_grabClosesTooltip);
     EvEventManager::initialize(_eventManager.get());
+    _flushStatsType = StatResourceRegistry::getInstance().registerResourceType(
+        "FlushStatsType", StatContainerFactory::of<StatTimeStamp>());
     TmGfxMsc::computeUstPerMsc();
 }
 
@@ -641,18 +647,24 @@ bool UiApplication::popupFloatingHandler(LiString const& name, EvEvent& event) {
 
 void UiApplication::snapStatistics() {
     _lastWaitingEvents = WsEventQ::getInstance().getNbWaitingEvents();
+    StatMgr& stats = StatMgr::getInstance();
+    stats.record(StatTypes::WAITING_EVENTS_ID, _lastWaitingEvents);
+    stats.record(StatTypes::PROCESSED_EVENTS_ID, _processedEvents);
     if (_mainWindow)
         _mainWindow->snapStatistics();
 }
 
 void UiApplication::flushStatistics() {
     _flushPending = false;
-    double now = nowSeconds();
-    if (_statsStamp < 0)
-        _statsStamp = now;
-    else if (now - _statsStamp >= 10.0) {
-        snapStatistics();
-        _statsStamp = now;
+    // The "FlushStatsType" container holds the moment of the last flush: the first pass only
+    // stamps it, later passes flush once it is ten seconds old (a flush empties it again).
+    StatMgr& stats = StatMgr::getInstance();
+    if (stats.hasLocalStats()) {
+        RCShdPtr<StatContainerBase> stamp = stats.getContainer(_flushStatsType);
+        if (stamp && stamp->isEmpty())
+            stamp->record(StatContainerBase::now());
+        else if (stamp && StatContainerBase::now() - stamp->getLast() >= 10.0)
+            stats.flushStatistics();
     }
     // Again in ten seconds' worth of display frames.
     class Flush : public EvRequestEvent {

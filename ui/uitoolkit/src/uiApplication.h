@@ -240,7 +240,7 @@ private:
     bool _tooltipAlarmRegistered = false;
     UPtr<EventManager> _eventManager;
     // When the statistics were last flushed, in seconds; negative before the first look.
-    double _statsStamp = -1.0;
+    int _flushStatsType = 0;
     bool _flushPending = false;
     int _lastWaitingEvents = 0;
     std::vector<std::pair<WsWindow*, UiWindow*>> _redrawList;
