@@ -131,7 +131,7 @@ TEST_F(ResourceWidget, ChangeResourceAppliesATextFragment) {
 
 // Enable once changeResource escapes the name it wraps the fragment with: today the quote in
 // the name breaks the fragment, which is reported and not applied.
-TEST_F(ResourceWidget, DISABLED_ChangeResourceOnAWidgetWhoseNameNeedsEscaping) {
+TEST_F(ResourceWidget, ChangeResourceOnAWidgetWhoseNameNeedsEscaping) {
     RCShdPtr<UiWidget> w = UiWidget::create(_root.get(), "say \"hi\" & go");
     ShownWarnings warnings;
     w->changeResource(LiString("<Foreground><Color>Green</Color></Foreground>"));
