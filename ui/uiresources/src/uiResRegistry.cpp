@@ -7,7 +7,9 @@
 #include "uiResCoord.h"
 #include "uiResDomain.h"
 #include "uiResDouble.h"
+#include "uiResFont.h"
 #include "uiResFrame.h"
+#include "uiResIcon.h"
 #include "uiResInt.h"
 #include "uiResMinMax.h"
 #include "uiResText.h"
@@ -31,6 +33,8 @@ UiResRegistry::UiResRegistry() {
     registerType("Color", RCShdPtr<UiResource>(new UiResColor()));
     registerType("Frame", RCShdPtr<UiResource>(new UiResFrame()));
     registerType("Domain", RCShdPtr<UiResource>(new UiResDomain()));
+    registerType("FontHandle", RCShdPtr<UiResource>(new UiResFont()));
+    registerType("IconFile", RCShdPtr<UiResource>(new UiResIcon()));
 }
 
 void UiResRegistry::registerType(char const* tag, RCShdPtr<UiResource> const& prototype) {

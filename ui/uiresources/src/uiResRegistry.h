@@ -11,7 +11,7 @@ namespace Zr {
 class UiResRegistry {
 public:
     // Comes up with the built-in types ("Int", "Double", "Text", "Align", "MinMax", "Coord",
-    // "Constraint", "Color", "Frame", "Domain") already registered.
+    // "Constraint", "Color", "Frame", "Domain", "FontHandle", "IconFile") already registered.
     static UiResRegistry& getInstance();
 
     // Inserts or replaces the prototype of a tag.

@@ -11,6 +11,9 @@
 #include "lgMinorGroup.h"
 #include "msgBase.h"
 #include "msgProtocol.h"
+#include "wsFont.h"
+#include "wsFontEx.h"
+#include "wsFontRegistry.h"
 #include "xmlDocument.h"
 #include "xmlElement.h"
 #include "xmlWriter.h"
@@ -289,12 +292,15 @@ LiString UiResTable::readWidgetCatchErrors(LiString const& xmlText, UiResource::
     return {};
 }
 
-void UiResTable::defineFont(std::string const& handle, std::string const& name) {
+void UiResTable::defineFont(std::string const& handle, std::string const& name) const {
     if (handle.empty())
         throw UiResourceEx::UiResTableEx::ExNoName(__FILE__, __LINE__, LiString("FontDefinition"));
     if (name.empty())
         throw UiResourceEx::UiResTableEx::ExNoParameters(__FILE__, __LINE__, LiString(handle));
-    // The windowing layer has no font registry yet: the definition is checked, not registered.
+    // Handles are process-wide: the table keeps nothing of them. A bad description raises
+    // WsFontEx::ExBadDescription and leaves the handle as it was.
+    WsFontRegistry::getInstance().registerFont(LiString(handle),
+                                               WsFont::scalePointSizeFontName(name, _fontScale));
 }
 
 void UiResTable::readFont(XmlElement const& element) {
@@ -306,6 +312,9 @@ void UiResTable::readFontCatchErrors(XmlElement const& element, char const* file
     try {
         readFont(element);
     } catch (UiResourceEx const& ex) {
+        reportResourceError(file,
+                            std::string("Font resource error in ") + file + ":\n" + ex.getReason());
+    } catch (WsFontEx const& ex) {
         reportResourceError(file,
                             std::string("Font resource error in ") + file + ":\n" + ex.getReason());
     }
@@ -367,6 +376,9 @@ void UiResTable::readTableText(std::istream& is, UiResource::Level level, char c
             std::string const handle = nextToken(rest);
             defineFont(handle, nextToken(rest));
         } catch (UiResourceEx const& ex) {
+            reportResourceError(file, std::string("Font resource error in ") + file + ":\n" +
+                                          ex.getReason());
+        } catch (WsFontEx const& ex) {
             reportResourceError(file, std::string("Font resource error in ") + file + ":\n" +
                                           ex.getReason());
         }

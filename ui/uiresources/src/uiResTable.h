@@ -19,7 +19,7 @@ class XmlWriter;
 
 // The XML form:
 //   <ResourceTable>
-//     <FontDefinition Handle="Small" Name="DejaVu Sans 9"/>
+//     <FontDefinition Handle="Small" Name="DejaVu Sans:Regular:9"/>
 //     <ColorDefinition Handle="Warning" R="255" G="80" B="0"/>
 //     <Widget Name="okButton" TooltipId="ok" DefaultTooltip="Accept">
 //       <Rectangle><Coord X="0" Y="0" W="60" H="20"/></Rectangle>
@@ -31,7 +31,7 @@ class XmlWriter;
 //
 // The text form holds the same table, one statement per line:
 //   # a comment line
-//   FontDefinition Small "DejaVu Sans 9"
+//   FontDefinition Small "DejaVu Sans:Regular:9"
 //   ColorDefinition Warning 255 80 0
 //   Widget okButton ok Accept            <- name, then optionally TooltipId and DefaultTooltip
 //       Rectangle Coord 0 0 60 20        <- resource name, type, payload in the type's text form
@@ -81,8 +81,8 @@ public:
     // read it into an empty table, then take getResourceSet of the returned name.
     LiString readWidgetCatchErrors(LiString const& xmlText, UiResource::Level level);
 
-    // A FontDefinition: checks Handle and Name. The fonts themselves are registered with the
-    // windowing layer's font registry once it exists.
+    // A FontDefinition: registers Handle with WsFontRegistry under Name ("Family:Style:Size"),
+    // its size multiplied by the table's font scale.
     void readFont(XmlElement const& element);
     void readFontCatchErrors(XmlElement const& element, char const* file);
     // A ColorDefinition: registers Handle with integer R, G, B in UiColorRegistry.
@@ -135,7 +135,7 @@ private:
     template <class Read>
     void readResource(LiString const& widget, std::string const& name, std::string const& type,
                       bool hasType, UiResource::Level level, Read const& read);
-    static void defineFont(std::string const& handle, std::string const& name);
+    void defineFont(std::string const& handle, std::string const& name) const;
     static void defineColor(std::string const& handle, std::string const texts[3]);
 
     std::string _resTableName;

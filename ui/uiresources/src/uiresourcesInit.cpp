@@ -1,9 +1,12 @@
-// The "uiresources" package: its log group and message file live from start-up to exit.
+// The "uiresources" package: its log group and message file live from start-up to exit; start-up
+// also points the icon registry at <resources>/icons.
 #include "uiresourcesInit.h"
 
+#include "uiIconRegistry.h"
 #include "uiLogGroups.h"
 
 #include "exBase.h"
+#include "inPaths.h"
 #include "lgMajorGroup.h"
 #include "lgMinorGroup.h"
 #include "msgFileGuard.h"
@@ -34,6 +37,8 @@ void UiResourcesInit::init() {
     UiLogGroups::setUiResources(resourcesGroup().get());
     // Resource errors are reported with texts of this file while tables are read.
     resourcesMessages() = std::make_unique<MsgFileGuard>("uiresources.msg");
+    UiIconRegistry::getInstance().setIconDirectory(InPaths::getResourcesDir() +
+                                                   OsFilePath("icons"));
 }
 
 void UiResourcesInit::exit() {
