@@ -14,6 +14,7 @@
 #include "wsFont.h"
 #include "wsFontEx.h"
 #include "wsFontRegistry.h"
+#include "wsManagedImage.h"
 #include "xmlDocument.h"
 #include "xmlElement.h"
 #include "xmlWriter.h"
@@ -264,6 +265,10 @@ LiString UiResTable::readWidget(XmlElement const& element, UiResource::Level lev
         } catch (UiResourceEx const& ex) {
             reportResourceError(file, "Error in resource '" + resourceName + "' for widget '" +
                                           handle + "' (in " + file + "):\n" + ex.getReason());
+        } catch (WsImageEx const& ex) {
+            // An icon file that can't be read costs that resource only.
+            reportResourceError(file, "Error in resource '" + resourceName + "' for widget '" +
+                                          handle + "' (in " + file + "):\n" + ex.getReason());
         }
     }
     return widget;
@@ -444,6 +449,9 @@ void UiResTable::readTableText(std::istream& is, UiResource::Level level, char c
             readResource(widget, statement.first, type, hasType, level,
                          [&rest](UiResource& resource) { resource.read(rest); });
         } catch (UiResourceEx const& ex) {
+            reportResourceError(file, "Error in resource '" + statement.first + "' for widget '" +
+                                          widget.str() + "' (in " + file + "):\n" + ex.getReason());
+        } catch (WsImageEx const& ex) {
             reportResourceError(file, "Error in resource '" + statement.first + "' for widget '" +
                                           widget.str() + "' (in " + file + "):\n" + ex.getReason());
         }
