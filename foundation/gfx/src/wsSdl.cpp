@@ -84,6 +84,9 @@ bool WsSdl::initialize() {
     // A display that has just started (a virtual one under load) may refuse the first
     // connections for a moment: try a few times when one is named.
     int const attempts = std::getenv("DISPLAY") ? 5 : 1;
+    // Closing the last window is the toolkit's business (exit handlers, WsWindowCloseEvent):
+    // SDL must not add a quit event of its own.
+    SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
     for (int attempt = 1;; ++attempt) {
         if (SDL_Init(SDL_INIT_VIDEO) == 0)
             break;

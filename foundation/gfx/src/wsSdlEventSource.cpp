@@ -6,6 +6,7 @@
 #include "evKeyCode.h"
 #include "evKeyboardState.h"
 #include "wsEventQ.h"
+#include "wsEvents.h"
 #include "wsSdlWinMgr.h"
 #include "wsSdlWindow.h"
 
@@ -199,6 +200,12 @@ void WsSdlEventSource::translate(SDL_Event const& event) {
     };
 
     switch (event.type) {
+    case SDL_QUIT:
+        // SDL turns SIGINT and SIGTERM into SDL_QUIT (closing windows doesn't: that goes through
+        // the toolkit's own close handling). A signal to stop is an order, not a question, so
+        // the exit handlers are not asked.
+        queue.postEvent(std::make_unique<WsExitEvent>(WsExitEvent::DontAskExitHandlers));
+        break;
     case SDL_WINDOWEVENT: {
         WsSdlWindow* w = windowOf(event.window.windowID);
         if (!w)

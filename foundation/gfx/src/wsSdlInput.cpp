@@ -111,4 +111,11 @@ bool WsSdlInput::pushExpose(WsWindow& window) {
     return push(e);
 }
 
+bool WsSdlInput::pushQuit() {
+    SDL_Event e{};
+    e.quit.type = SDL_QUIT;
+    e.quit.timestamp = SDL_GetTicks();
+    return push(e);
+}
+
 } // namespace Zr

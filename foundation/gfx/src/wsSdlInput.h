@@ -32,6 +32,8 @@ public:
     // What the window manager sends when the user asks to close the window.
     static bool pushCloseRequest(WsWindow& window);
     static bool pushExpose(WsWindow& window);
+    // What SDL makes of SIGINT and SIGTERM.
+    static bool pushQuit();
 };
 
 } // namespace Zr

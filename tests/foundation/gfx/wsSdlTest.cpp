@@ -230,6 +230,12 @@ TEST_F(WsSdlWindows, MapUnmapCloseAndExposeArriveWithTheWindowId) {
     ASSERT_TRUE(close);
     EXPECT_EQ(close->getWindowId(), win->getId());
 
+    // A terminating signal reaches the loop as an exit that asks nobody.
+    ASSERT_TRUE(WsSdlInput::pushQuit());
+    auto quit = next<WsExitEvent>();
+    ASSERT_TRUE(quit);
+    EXPECT_EQ(quit->getExitHandlingMode(), WsExitEvent::DontAskExitHandlers);
+
     win->unmap();
     auto unmapped = next<WsUnmapNotifyEvent>();
     ASSERT_TRUE(unmapped);
