@@ -1,6 +1,8 @@
 // Dumping and reading of the event family, and the few constructors with logic.
 #include "evEvent.h"
 
+#include "liStringUtil.h"
+
 #include <istream>
 #include <ostream>
 
@@ -30,8 +32,7 @@ void EvSystemInterfaceEvent::read(std::istream& is) {
 
 void EvDeviceEvent::dump(std::ostream& os) const {
     EvSystemInterfaceEvent::dump(os);
-    os << " wcoord " << _wcoord.x << " " << _wcoord.y << " modifiers "
-       << _keyboardState.getState();
+    os << " wcoord " << _wcoord.x << " " << _wcoord.y << " modifiers " << _keyboardState.getState();
 }
 
 void EvDeviceEvent::read(std::istream& is) {
@@ -99,22 +100,7 @@ void EvKeyEvent::read(std::istream& is) {
 
 std::string EvCharEvent::getUtf8() const {
     std::string out;
-    char32_t c = _char;
-    if (c < 0x80) {
-        out += static_cast<char>(c);
-    } else if (c < 0x800) {
-        out += static_cast<char>(0xC0 | (c >> 6));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        out += static_cast<char>(0xE0 | (c >> 12));
-        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
-        out += static_cast<char>(0xF0 | (c >> 18));
-        out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    }
+    WideStringUtil::appendUtf8(out, _char);
     return out;
 }
 

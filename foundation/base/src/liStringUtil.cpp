@@ -167,28 +167,6 @@ char WideStringUtil::_defaultReplaceChar = '?';
 namespace {
 constexpr char32_t replacementCharacter = 0xFFFD;
 
-void appendUtf8(std::string& out, char32_t c) {
-    if (c >= 0xD800 && c <= 0xDFFF)
-        c = replacementCharacter;
-    if (c > 0x10FFFF)
-        c = replacementCharacter;
-    if (c < 0x80) {
-        out += static_cast<char>(c);
-    } else if (c < 0x800) {
-        out += static_cast<char>(0xC0 | (c >> 6));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        out += static_cast<char>(0xE0 | (c >> 12));
-        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
-        out += static_cast<char>(0xF0 | (c >> 18));
-        out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    }
-}
-
 void appendWide(std::wstring& out, char32_t c) {
     if constexpr (sizeof(wchar_t) >= 4) {
         out += static_cast<wchar_t>(c);
@@ -216,7 +194,7 @@ std::string WideStringUtil::narrowMB(std::wstring const& text) {
                 }
             }
         }
-        appendUtf8(out, c);
+        WideStringUtil::appendUtf8(out, c);
     }
     return out;
 }
@@ -269,6 +247,28 @@ std::wstring WideStringUtil::widen(std::string const& utf8) {
         i += k; // a broken sequence resumes at the byte that broke it
     }
     return out;
+}
+
+void WideStringUtil::appendUtf8(std::string& out, char32_t c) {
+    if (c >= 0xD800 && c <= 0xDFFF)
+        c = replacementCharacter;
+    if (c > 0x10FFFF)
+        c = replacementCharacter;
+    if (c < 0x80) {
+        out += static_cast<char>(c);
+    } else if (c < 0x800) {
+        out += static_cast<char>(0xC0 | (c >> 6));
+        out += static_cast<char>(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+        out += static_cast<char>(0xE0 | (c >> 12));
+        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+        out += static_cast<char>(0xF0 | (c >> 18));
+        out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (c & 0x3F));
+    }
 }
 
 } // namespace Zr

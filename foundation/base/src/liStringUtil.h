@@ -76,6 +76,9 @@ public:
     }
     // From UTF-8; each malformed sequence becomes U+FFFD.
     static std::wstring widen(std::string const& utf8);
+    // Appends one code point in UTF-8; a lone surrogate or a value beyond U+10FFFF becomes
+    // U+FFFD.
+    static void appendUtf8(std::string& out, char32_t c);
 };
 
 } // namespace Zr
