@@ -8,6 +8,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "benchAllocations.h"
+
 #include <unistd.h>
 
 #include <atomic>
@@ -15,28 +17,6 @@
 #include <filesystem>
 #include <new>
 #include <string>
-
-// Inlined into the benchmark registrations, the counting new and delete below look
-// mismatched to GCC (new, then free); they are the program's own pair, so they match. The
-// warning is reported where they are inlined, so it is off for the whole file.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-
-namespace {
-std::atomic<long> allocations{0};
-}
-
-void* operator new(std::size_t size) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* p = std::malloc(size ? size : 1))
-        return p;
-    throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept {
-    std::free(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-    std::free(p);
-}
 
 namespace Zr {
 namespace {
@@ -48,10 +28,10 @@ void BM_FontMeasure(benchmark::State& state) {
     RCShdPtr<WsFont> const font =
         WsFontRegistry::getInstance().getFont(WsFontRegistry::Normal12Font);
     font->getStringWidth(Label); // caches the glyphs
-    long const before = allocations.load();
+    long const before = BenchAllocations::count.load();
     for (auto _ : state)
         benchmark::DoNotOptimize(font->getStringWidth(Label));
-    state.counters["allocs"] = static_cast<double>(allocations.load() - before);
+    state.counters["allocs"] = static_cast<double>(BenchAllocations::count.load() - before);
 }
 BENCHMARK(BM_FontMeasure);
 
@@ -59,10 +39,10 @@ void BM_FontCharacterIndex(benchmark::State& state) {
     RCShdPtr<WsFont> const font =
         WsFontRegistry::getInstance().getFont(WsFontRegistry::Normal12Font);
     float const width = font->getStringWidth(Label);
-    long const before = allocations.load();
+    long const before = BenchAllocations::count.load();
     for (auto _ : state)
         benchmark::DoNotOptimize(font->getCharacterIndexAt(Label, width / 2.f));
-    state.counters["allocs"] = static_cast<double>(allocations.load() - before);
+    state.counters["allocs"] = static_cast<double>(BenchAllocations::count.load() - before);
 }
 BENCHMARK(BM_FontCharacterIndex);
 
@@ -71,10 +51,10 @@ void BM_FontDraw(benchmark::State& state) {
     RCShdPtr<WsFont> const font =
         WsFontRegistry::getInstance().getFont(WsFontRegistry::Normal12Font);
     font->drawString(Label, 10, 10);
-    long const before = allocations.load();
+    long const before = BenchAllocations::count.load();
     for (auto _ : state)
         font->drawString(Label, 10, 10);
-    state.counters["allocs"] = static_cast<double>(allocations.load() - before);
+    state.counters["allocs"] = static_cast<double>(BenchAllocations::count.load() - before);
 }
 BENCHMARK(BM_FontDraw);
 

@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "benchAllocations.h"
+
 #include <sys/resource.h>
 
 #include <atomic>
@@ -11,28 +13,6 @@
 #include <cstdlib>
 #include <new>
 #include <thread>
-
-// Counts heap allocations of the whole program, so that a benchmark can report how many a
-// piece of code makes.
-// The replaced operators pair malloc with free; GCC can't see that through inlining.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-
-namespace {
-std::atomic<long> allocations{0};
-}
-
-void* operator new(std::size_t size) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* p = std::malloc(size ? size : 1))
-        return p;
-    throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept {
-    std::free(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-    std::free(p);
-}
 
 using namespace Zr;
 
@@ -124,14 +104,15 @@ void BM_DispatcherCallAllocations(benchmark::State& state) {
         dispatcher.addHandler(handlers.back().get());
     }
     EvDefaultEvent event;
-    long before = allocations.load();
+    long before = BenchAllocations::count.load();
     long iterations = 0;
     for (auto _ : state) {
         dispatcher.call(event);
         ++iterations;
     }
     state.counters["allocs_per_call"] =
-        static_cast<double>(allocations.load() - before) / static_cast<double>(iterations);
+        static_cast<double>(BenchAllocations::count.load() - before) /
+        static_cast<double>(iterations);
     benchmark::DoNotOptimize(calls);
 }
 BENCHMARK(BM_DispatcherCallAllocations)->DenseRange(1, 8);

@@ -5,6 +5,8 @@
 #include "uiResTable.h"
 
 #include <benchmark/benchmark.h>
+
+#include "benchAllocations.h"
 #include <pugixml.hpp>
 
 #include <unistd.h>
@@ -16,26 +18,6 @@
 #include <new>
 #include <sstream>
 #include <string>
-
-// The replaced operators pair malloc with free; GCC can't see that through inlining.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-
-namespace {
-std::atomic<long> allocations{0};
-}
-
-void* operator new(std::size_t size) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* p = std::malloc(size ? size : 1))
-        return p;
-    throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept {
-    std::free(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-    std::free(p);
-}
 
 namespace Zr {
 namespace {
@@ -53,13 +35,13 @@ void BM_ConstraintCalcRect(benchmark::State& state) {
     GeRectangle<int> const left(0, 40, 0, 10);
     GeRectangle<int> const above(0, 10, 60, 80);
     GeRectangle<int> const zero;
-    long before = allocations.load();
+    long before = BenchAllocations::count.load();
     int w = 200;
     for (auto _ : state) {
         benchmark::DoNotOptimize(c.calcRect(w, 100, left, zero, zero, above));
         w = w == 200 ? 201 : 200;
     }
-    state.counters["allocs"] = static_cast<double>(allocations.load() - before);
+    state.counters["allocs"] = static_cast<double>(BenchAllocations::count.load() - before);
 }
 BENCHMARK(BM_ConstraintCalcRect);
 

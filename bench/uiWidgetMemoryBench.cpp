@@ -4,35 +4,13 @@
 
 #include <benchmark/benchmark.h>
 
+#include "benchAllocations.h"
+
 #include <malloc.h>
 
 #include <atomic>
 #include <cstdlib>
 #include <new>
-
-// The replaced operators pair malloc with free; GCC can't see that through inlining.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-
-namespace {
-// Live heap bytes of the program, as the allocator sized the blocks.
-std::atomic<long> liveBytes{0};
-} // namespace
-
-void* operator new(std::size_t size) {
-    void* p = std::malloc(size ? size : 1);
-    if (!p)
-        throw std::bad_alloc();
-    liveBytes.fetch_add(static_cast<long>(malloc_usable_size(p)), std::memory_order_relaxed);
-    return p;
-}
-void operator delete(void* p) noexcept {
-    if (p)
-        liveBytes.fetch_sub(static_cast<long>(malloc_usable_size(p)), std::memory_order_relaxed);
-    std::free(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-    operator delete(p);
-}
 
 using namespace Zr;
 
@@ -47,10 +25,10 @@ void BM_PlainWidgetHeapBytes(benchmark::State& state) {
     for (auto _ : state) {
         std::vector<RCShdPtr<UiWidget>> keep;
         keep.reserve(static_cast<std::size_t>(count));
-        long before = liveBytes.load();
+        long before = BenchAllocations::liveBytes.load();
         for (int i = 0; i < count; ++i)
             keep.push_back(UiWidget::create(parent.get(), "w"));
-        perWidget = static_cast<double>(liveBytes.load() - before) / count;
+        perWidget = static_cast<double>(BenchAllocations::liveBytes.load() - before) / count;
         state.PauseTiming();
         parent->removeChildren();
         keep.clear();

@@ -7,36 +7,14 @@
 
 #include <benchmark/benchmark.h>
 
+#include "benchAllocations.h"
+
 #include <malloc.h>
 
 #include <atomic>
 #include <cstdlib>
 #include <new>
 #include <string>
-
-// The replaced operators pair malloc with free; GCC can't see that through inlining.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-
-namespace {
-// Live heap bytes of the program, as the allocator sized the blocks.
-std::atomic<long> liveBytes{0};
-} // namespace
-
-void* operator new(std::size_t size) {
-    void* p = std::malloc(size ? size : 1);
-    if (!p)
-        throw std::bad_alloc();
-    liveBytes.fetch_add(static_cast<long>(malloc_usable_size(p)), std::memory_order_relaxed);
-    return p;
-}
-void operator delete(void* p) noexcept {
-    if (p)
-        liveBytes.fetch_sub(static_cast<long>(malloc_usable_size(p)), std::memory_order_relaxed);
-    std::free(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-    operator delete(p);
-}
 
 using namespace Zr;
 
@@ -91,10 +69,11 @@ void BM_BuildPanelFromDefinition(benchmark::State& state) {
     XmlElement const root = document.getRoot();
     double bytesPerWidget = 0;
     for (auto _ : state) {
-        long const before = liveBytes.load();
+        long const before = BenchAllocations::liveBytes.load();
         RCShdPtr<UiWidget> panel = UiWidgetFactory::createWidget(nullptr, root);
         state.PauseTiming();
-        bytesPerWidget = static_cast<double>(liveBytes.load() - before) / WidgetCount;
+        bytesPerWidget =
+            static_cast<double>(BenchAllocations::liveBytes.load() - before) / WidgetCount;
         panel = nullptr;
         state.ResumeTiming();
     }
