@@ -156,7 +156,10 @@ int render(Options const& options) {
         XmlDocument document{OsFilePath(file)};
         checkResources(document.getRoot(), file, errors);
     } catch (ExBase const& ex) {
-        std::cerr << "zrui-render: " << file << ": " << ex.getReason() << "\n";
+        // The parser's reason starts with the file already.
+        std::string const& reason = ex.getReason();
+        std::cerr << "zrui-render: " << (reason.rfind(file, 0) == 0 ? "" : file + ": ") << reason
+                  << "\n";
         return 1;
     }
     if (!errors.empty()) {
