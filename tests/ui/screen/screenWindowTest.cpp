@@ -11,6 +11,7 @@
 #include "gfxImageUtil.h"
 #include "ixTile.h"
 #include "smGl.h"
+#include "wsDrawable.h"
 #include "wsEvents.h"
 #include "wsFont.h"
 #include "wsFontRegistry.h"
@@ -349,6 +350,41 @@ TEST_F(ScreenText, TextIsDrawnWhereItsMetricsSay) {
     EXPECT_NEAR(minX, x, 3);
     EXPECT_LE(maxX, x + width);
     EXPECT_GE(maxX, x + width - 6);
+}
+
+} // namespace
+
+namespace {
+
+using ScreenStencil = ScreenFixture;
+
+// In stencil mode 2 every background is a drawn rectangle, and the exit state turns the count
+// of draws per pixel into the heat map's colours: 1 draw, then 2 where a widget lies on the root.
+TEST_F(ScreenStencil, OverdrawShowsAsTheHeatMapColours) {
+    UiTopLevel& w = open();
+    if (WsDrawable::getPixelFormat().stencilBits < 4)
+        GTEST_SKIP() << "The visual has too few stencil bits";
+    RCShdPtr<UiWidget> b = box(w, {20, 70, 30, 80}, colour(255, 0, 0));
+    w.setStencilMode(2);
+    w.markForUpdate();
+    std::vector<std::uint8_t> px = w.readPixels();
+    // The maps hold 8-bit values shifted left by 8, which OpenGL scales back with rounding: a
+    // channel may come out one below the table's value.
+    auto near = [](std::uint32_t got, std::uint32_t want) {
+        for (int shift = 0; shift < 32; shift += 8) {
+            int g = static_cast<int>((got >> shift) & 0xFF),
+                h = static_cast<int>((want >> shift) & 0xFF);
+            if (g < h - 1 || g > h)
+                return false;
+        }
+        return true;
+    };
+    EXPECT_PRED2(near, pixel(w, px, 100, 100), rgba(85, 0, 78));
+    EXPECT_PRED2(near, pixel(w, px, 40, 50), rgba(96, 25, 137));
+    w.setStencilMode(0);
+    w.markForUpdate();
+    px = w.readPixels();
+    EXPECT_EQ(pixel(w, px, 40, 50), rgba(255, 0, 0));
 }
 
 } // namespace
