@@ -1,6 +1,7 @@
 // The gallery, the toolkit's main program: a window of widgets in named colours, framed panels,
-// a shaded background, text in the registry's fonts, an icon built in memory and two push
-// buttons. `--screenshot FILE.png` writes what it shows, `--frames N` times N full repaints.
+// a shaded background, text in the registry's fonts, a panel built from a widget definition
+// showing the shipped icons, and two push buttons. `--screenshot FILE.png` writes what it shows,
+// `--frames N` times N full repaints.
 #include "zrUi.h"
 
 #include "gfxImageUtil.h"
@@ -8,10 +9,12 @@
 #include "smGl.h"
 #include "wsFont.h"
 #include "wsFontRegistry.h"
+#include "wsManagedImage.h"
 #include "wsSdl.h"
 
 #include <chrono>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -35,37 +38,6 @@ RCShdPtr<UiFrame> frameNamed(char const* name) {
 void setColor(CoRgbColor const& c) {
     float rgb[3] = {c.r, c.g, c.b};
     SmGl::color3fv(rgb);
-}
-
-// A 48 x 48 RGBA icon: a disc shaded from orange to red with a soft edge and a white
-// highlight, on transparent ground.
-RCShdPtr<IxTile> makeIcon() {
-    constexpr int Size = 48;
-    RCShdPtr<IxTile> tile = makeShared<IxTile>(Size, Size, 4);
-    float const centre = (Size - 1) / 2.f;
-    float const radius = Size / 2.f - 2.f;
-    for (int y = 0; y < Size; ++y) {
-        for (int x = 0; x < Size; ++x) {
-            float const dx = x - centre, dy = y - centre;
-            float const d = std::sqrt(dx * dx + dy * dy);
-            float const cover = std::clamp(radius + 0.5f - d, 0.f, 1.f);
-            float const t = static_cast<float>(y) / (Size - 1); // 0 at the bottom
-            float r = 1.f, g = 0.25f + 0.5f * t, b = 0.1f;
-            // The highlight, up and to the left.
-            float const hx = x - centre * 0.65f, hy = y - centre * 1.35f;
-            float const h =
-                std::clamp(1.f - std::sqrt(hx * hx + hy * hy) / (radius * 0.45f), 0.f, 1.f);
-            r = r + (1.f - r) * h;
-            g = g + (1.f - g) * h;
-            b = b + (1.f - b) * h;
-            std::uint8_t* p = tile->getWritablePixel(x, y);
-            p[0] = static_cast<std::uint8_t>(r * 255.f + 0.5f);
-            p[1] = static_cast<std::uint8_t>(g * 255.f + 0.5f);
-            p[2] = static_cast<std::uint8_t>(b * 255.f + 0.5f);
-            p[3] = static_cast<std::uint8_t>(cover * 255.f + 0.5f);
-        }
-    }
-    return tile;
 }
 
 // A user-draw callback bound to a function of the widget's rectangle (the drawing
@@ -125,7 +97,7 @@ private:
 // The widget tree of the gallery and what draws into it.
 class Gallery {
 public:
-    Gallery() : _icon(makeIcon()) {
+    Gallery() {
         _window = UiTopLevel::create("ZRui gallery", nullptr,
                                      WsWindowStyleUtils::getNormalWindowStyle({80, 720, 80, 480}));
         _window->setWindowTitle("ZRui gallery");
@@ -141,7 +113,7 @@ public:
         buildTitle(root);
         buildSwatches(root);
         buildTextPanel(root);
-        buildIconPanel(root);
+        buildDefinedPanel();
         buildButtons(root);
     }
 
@@ -217,16 +189,63 @@ private:
         });
     }
 
-    void buildIconPanel(UiContainer* root) {
-        RCShdPtr<UiWidget> panel = plain(root, "icon", {392, 628, 96, 268}, "Grey45", "PushOut");
-        paint(panel.get(), [this](GeRectangle<int> const& r) {
-            int const size = _icon->getWidth();
-            GePoint2<int> const at((r.x1 + r.x2 - size) / 2, (r.y1 + r.y2 - size) / 2 + 12);
-            GfxImageUtil::draw(_icon, {size, _icon->getHeight()}, at, 1.f, true);
-            setColor(named("Foreground"));
-            _small->drawCenteredString("an icon built in memory", (r.x1 + r.x2) / 2.f, at.y - 16.f,
-                                       1.f, true, true);
-        });
+    // A panel built from the widget definition shipped in resources/resTables: the gallery
+    // only draws into the widgets the definition names.
+    void buildDefinedPanel() {
+        OsFilePath const file =
+            InPaths::getResourcesDir() + UiResTable::getResTableDir() + "galleryPanel.xml";
+        RCShdPtr<UiWidget> panel;
+        try {
+            panel = UiWidgetFactory::createWidgetFromFile(_window->getRootContainer(), file);
+        } catch (ExBase const& e) {
+            std::fprintf(stderr, "gallery: %s\n", e.getReason().c_str());
+            return;
+        }
+        auto* container = dynamic_cast<UiContainer*>(panel.get());
+        if (!container)
+            return;
+        if (RCShdPtr<UiWidget> caption = container->findWidget(LiString("caption")))
+            paint(caption.get(), [this](GeRectangle<int> const& r) {
+                setColor(named("White"));
+                _small->drawString("from galleryPanel.xml", r.x1 + 8.f, r.y1 + 7.f);
+            });
+        if (RCShdPtr<UiWidget> icons = container->findWidget(LiString("icons")))
+            paint(icons.get(), [this](GeRectangle<int> const& r) { drawIcons(r); });
+        if (RCShdPtr<UiWidget> note = container->findWidget(LiString("note")))
+            paint(note.get(), [this](GeRectangle<int> const& r) {
+                setColor(named("Foreground"));
+                _small->drawCenteredString("the icons the toolkit ships", (r.x1 + r.x2) / 2.f,
+                                           (r.y1 + r.y2) / 2.f, 1.f, true, true);
+            });
+    }
+
+    // The icons the toolkit ships, through the icon registry, in a row; the small ones zoomed
+    // twice so their shapes show.
+    void drawIcons(GeRectangle<int> const& r) {
+        static char const* const files[] = {"cascade.tif", "toggleOn.tif", "toggleOff.tif",
+                                            "radioOn.tif", "radioOff.tif", "warningBW.tif",
+                                            "anchor.tif"};
+        int const gap = 4;
+        auto zoom = [](IxTile const& tile) { return tile.getWidth() < 16 ? 2 : 1; };
+        std::vector<RCShdPtr<IxTile>> tiles;
+        int width = -gap;
+        for (char const* file : files) {
+            try {
+                tiles.push_back(
+                    UiIconRegistry::getInstance().loadImage(OsFilePath(file))->getImage());
+                width += zoom(*tiles.back()) * tiles.back()->getWidth() + gap;
+            } catch (ExBase const&) {
+                // A missing icon leaves no gap; the others still show.
+            }
+        }
+        int x = (r.x1 + r.x2 - width) / 2;
+        for (auto const& tile : tiles) {
+            int const z = zoom(*tile);
+            int const y = (r.y1 + r.y2 - z * tile->getHeight()) / 2;
+            GfxImageUtil::draw(tile, {tile->getWidth(), tile->getHeight()}, {x, y},
+                               static_cast<float>(z), true);
+            x += z * tile->getWidth() + gap;
+        }
     }
 
     void buildButtons(UiContainer* root) {
@@ -259,7 +278,6 @@ private:
     }
 
     RCShdPtr<UiTopLevel> _window;
-    RCShdPtr<IxTile> _icon;
     RCShdPtr<WsFont> _title, _text, _small, _italic, _fixed;
     RCShdPtr<GalleryButton> _ok, _cancel;
     std::unique_ptr<CbFunction<EvEvent>> _onOk, _onCancel;
