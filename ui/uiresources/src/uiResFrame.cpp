@@ -8,12 +8,20 @@
 #include <istream>
 #include <ostream>
 #include <sstream>
+#include <string_view>
 
 namespace Zr {
 
 UiResFrame::UiResFrame(LiString const& name, char const* text) : UiResource(name) {
     if (!text)
         return;
+    // Widgets make these by the thousand with plain names ("PushOut"): a single word needs no
+    // token reader.
+    std::string_view const plain(text);
+    if (!plain.empty() && plain.find_first_of(" \t\n\r\"\\") == std::string_view::npos) {
+        _frameType = LiString(plain);
+        return;
+    }
     std::istringstream is(text);
     read(is);
 }
