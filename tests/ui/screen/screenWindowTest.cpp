@@ -5,6 +5,9 @@
 #include "uiApplication.h"
 #include "uiColorRegistry.h"
 #include "uiContainer.h"
+#include "uiFrame.h"
+#include "uiIcon.h"
+#include "uiString.h"
 #include "uiTopLevel.h"
 #include "uiWidget.h"
 
@@ -20,10 +23,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 using namespace Zr;
@@ -385,6 +391,114 @@ TEST_F(ScreenStencil, OverdrawShowsAsTheHeatMapColours) {
     w.markForUpdate();
     px = w.readPixels();
     EXPECT_EQ(pixel(w, px, 40, 50), rgba(255, 0, 0));
+}
+
+} // namespace
+
+// --- reference images -----------------------------------------------------------------------
+
+namespace {
+
+using ScreenReference = ScreenFixture;
+
+// Compares a window's pixels with tests/ui/screen/reference/NAME.png, each channel within
+// `tolerance`. A missing reference, or ZR_UPDATE_REFERENCES=1, writes the image there instead
+// and fails, so that a new reference is looked at before it is committed.
+void expectMatchesReference(UiWindow& w, std::vector<std::uint8_t> const& px, char const* name,
+                            int tolerance = 2) {
+    GeRectangle<int> const g = w.getOSWindow()->getGeometry();
+    std::filesystem::path const file =
+        std::filesystem::path(__FILE__).parent_path() / "reference" / (std::string(name) + ".png");
+    char const* update = std::getenv("ZR_UPDATE_REFERENCES");
+    if (!std::filesystem::exists(file) || (update && std::string(update) == "1")) {
+        std::filesystem::create_directories(file.parent_path());
+        WsScreenshot::writePng(px, g.width(), g.height(), OsFilePath(file.string()));
+        FAIL() << "Wrote the reference " << file << "; look at it, then run again";
+    }
+    int width = 0, height = 0;
+    std::vector<std::uint8_t> const ref =
+        WsScreenshot::readPng(OsFilePath(file.string()), width, height);
+    ASSERT_EQ(width, g.width());
+    ASSERT_EQ(height, g.height());
+    ASSERT_EQ(ref.size(), px.size());
+    int worst = 0, differing = 0;
+    for (std::size_t i = 0; i < px.size(); ++i) {
+        int const d = std::abs(int(px[i]) - int(ref[i]));
+        worst = std::max(worst, d);
+        differing += d > tolerance ? 1 : 0;
+    }
+    EXPECT_EQ(differing, 0) << name << ": " << differing
+                            << " channel values differ from the reference by more than "
+                            << tolerance << " (worst " << worst << ")";
+}
+
+// Every bevel, line and tab frame on a mid grey, each on a widget of its own.
+TEST_F(ScreenReference, FramesLookAsTheReference) {
+    UiTopLevel& w = open(300, 110);
+    static char const* const frames[] = {
+        "PushOut",     "PushIn",    "In",    "ToggleOut", "ToggleIn",
+        "RadioOut",    "RadioIn",   "Line",  "Selected",  "ActiveTab",
+        "InactiveTab", "ScrollVer", "Curve", "DoubleTop", "LineLBRTOggleIn"};
+    std::vector<RCShdPtr<UiWidget>> widgets;
+    int i = 0;
+    for (char const* frame : frames) {
+        int const x = 6 + (i % 5) * 58, y = 6 + (i / 5) * 35;
+        RCShdPtr<UiWidget> b = box(w, {x, x + 52, y, y + 29}, colour(105, 105, 105));
+        b->setFrame(UiFrameRegistry::getInstance().create(frame), UiWidget::DefaultFrame);
+        widgets.push_back(b);
+        ++i;
+    }
+    pump(100);
+    expectMatchesReference(w, w.readPixels(), "frames");
+}
+
+// Text placed by UiString's alignment codes, and shipped icons placed by UiIcon, blended.
+TEST_F(ScreenReference, AlignedTextAndIconsLookAsTheReference) {
+    UiTopLevel& w = open(240, 120);
+    RCShdPtr<UiWidget> panel = box(w, {10, 230, 10, 110}, colour(80, 80, 80));
+    std::vector<UiString> strings;
+    struct Placement {
+        char const* text;
+        int h, v;
+    };
+    static Placement const placements[] = {
+        {"left top", 0, 3}, {"centre", 1, 1}, {"right bottom", 2, 4}};
+    for (Placement const& p : placements) {
+        UiString s(p.text, nullptr, 0);
+        s.setFont(WsFontRegistry::Normal12Font);
+        s.setMargins(4, 4);
+        s.setAlignment(p.h, p.v);
+        s.setRect({0, 220, 0, 100});
+        strings.push_back(s);
+    }
+    std::vector<UiIcon> icons;
+    static char const* const files[] = {"toggleOn.tif", "radioOff.tif", "anchor.tif"};
+    int x = 0;
+    for (char const* file : files) {
+        UiIcon icon;
+        icon.loadIcon(file);
+        icon.setAlignment(0, 1);
+        icon.setRect({8 + x, 48 + x, 62, 80});
+        icons.push_back(icon);
+        x += 40;
+    }
+    DrawCounter& counter = count(panel.get(), [&](GeRectangle<int> const& r) {
+        float white[3] = {1.f, 1.f, 1.f};
+        SmGl::color3fv(white);
+        for (UiString& s : strings)
+            s.draw(r.x1, r.y1);
+        // Icons have transparent ground: blend them as the indicators do, and leave the
+        // blending off again as the state cache knows it.
+        SmGl::enable(Gl::BLEND);
+        SmGl::blendFunc(Gl::SRC_ALPHA, Gl::ONE_MINUS_SRC_ALPHA);
+        for (UiIcon& icon : icons)
+            icon.draw(r.x1, r.y1);
+        SmGl::disable(Gl::BLEND);
+    });
+    pump(100);
+    std::vector<std::uint8_t> px = w.readPixels();
+    EXPECT_GE(counter.count, 1);
+    expectMatchesReference(w, px, "alignedTextAndIcons");
 }
 
 } // namespace
