@@ -21,34 +21,11 @@
 namespace Zr {
 namespace {
 
+using ShownWarnings = UiTest::Reports;
+
 CoRgbColor registry(LiString const& name) {
     return UiColorRegistry::getInstance().getColor(name);
 }
-
-// Records the resource warnings shown while it lives, and keeps the log lines off the console.
-class ShownWarnings {
-public:
-    ShownWarnings() {
-        _previous = MsgProtocol::setDisplayHandler(
-            [this](MsgBase const& message) { _ids.push_back(message.getId()); });
-        _wasInitialized = LgLog::_initialized.load();
-        LgLog::_initialized = true;
-        _previousStream = LgLog::setOutputStream(&_log);
-    }
-    ~ShownWarnings() {
-        LgLog::setOutputStream(_previousStream);
-        LgLog::_initialized = _wasInitialized;
-        MsgProtocol::setDisplayHandler(_previous);
-    }
-    std::vector<std::string> const& ids() const { return _ids; }
-
-private:
-    std::vector<std::string> _ids;
-    std::ostringstream _log;
-    MsgProtocol::DisplayHandler _previous;
-    std::ostream* _previousStream = nullptr;
-    bool _wasInitialized = false;
-};
 
 class ResourceWidget : public ::testing::Test {
 protected:

@@ -2,14 +2,18 @@
 // callbacks, event builders, and a scope that turns the UiEvents trace on.
 #pragma once
 
+#include "lgLog.h"
 #include "lgMajorGroup.h"
 #include "lgMinorGroup.h"
+#include "msgBase.h"
+#include "msgProtocol.h"
 #include "uiArmStack.h"
 #include "uiContainer.h"
 #include "uiLogGroups.h"
 #include "uiWidget.h"
 
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -129,6 +133,34 @@ private:
     LgMinorGroup* _group;
     std::unique_ptr<LgMinorGroup> _own;
     unsigned _flags = 0;
+};
+
+// Collects the ids of the messages shown and the log lines written while it lives, keeping
+// both off the console.
+class Reports {
+public:
+    Reports() {
+        _previous = MsgProtocol::setDisplayHandler(
+            [this](MsgBase const& message) { _ids.push_back(message.getId()); });
+        _previousStream = LgLog::setOutputStream(&_log);
+        _wasInitialized = LgLog::_initialized.exchange(true);
+    }
+    ~Reports() {
+        LgLog::_initialized = _wasInitialized;
+        LgLog::setOutputStream(_previousStream);
+        MsgProtocol::setDisplayHandler(_previous);
+    }
+    Reports(Reports const&) = delete;
+    Reports& operator=(Reports const&) = delete;
+    std::vector<std::string> const& ids() const { return _ids; }
+    std::string log() const { return _log.str(); }
+
+private:
+    std::vector<std::string> _ids;
+    std::ostringstream _log;
+    MsgProtocol::DisplayHandler _previous;
+    std::ostream* _previousStream = nullptr;
+    bool _wasInitialized = false;
 };
 
 } // namespace Zr::UiTest

@@ -26,34 +26,11 @@
 namespace Zr {
 namespace {
 
+using UiTest::Reports;
+
 CoRgbColor registry(LiString const& name) {
     return UiColorRegistry::getInstance().getColor(name);
 }
-
-// Collects the warnings shown and the log lines written while it lives.
-class Reports {
-public:
-    Reports() {
-        _previous = MsgProtocol::setDisplayHandler(
-            [this](MsgBase const& message) { _ids.push_back(message.getId()); });
-        _previousStream = LgLog::setOutputStream(&_log);
-        _wasInitialized = LgLog::_initialized.exchange(true);
-    }
-    ~Reports() {
-        LgLog::_initialized = _wasInitialized;
-        LgLog::setOutputStream(_previousStream);
-        MsgProtocol::setDisplayHandler(_previous);
-    }
-    std::vector<std::string> const& ids() const { return _ids; }
-    std::string log() const { return _log.str(); }
-
-private:
-    std::vector<std::string> _ids;
-    std::ostringstream _log;
-    MsgProtocol::DisplayHandler _previous;
-    std::ostream* _previousStream = nullptr;
-    bool _wasInitialized = false;
-};
 
 // A panel 200 by 100: a red strip along the bottom, a box right of it holding a child that
 // fills it, and an empty group.

@@ -46,22 +46,12 @@ void readRegion(std::istream& is, GeRectangle<int>& r) {
 }
 } // namespace
 
-void UiReposition::dump(std::ostream& os) const {
+void UiRegionEvent::dump(std::ostream& os) const {
     UiWidgetEvent::dump(os);
     dumpRegion(os, _region);
 }
 
-void UiReposition::read(std::istream& is) {
-    EvEvent::read(is);
-    readRegion(is, _region);
-}
-
-void UiResize::dump(std::ostream& os) const {
-    UiWidgetEvent::dump(os);
-    dumpRegion(os, _region);
-}
-
-void UiResize::read(std::istream& is) {
+void UiRegionEvent::read(std::istream& is) {
     EvEvent::read(is);
     readRegion(is, _region);
 }

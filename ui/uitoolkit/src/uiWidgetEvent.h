@@ -37,9 +37,10 @@ private:
     bool _state = false;
 };
 
-class UiReposition : public UiWidgetEvent {
+// The payload shared by the events that report a widget's rectangle.
+class UiRegionEvent : public UiWidgetEvent {
 public:
-    ZR_EVENT_CLASS(UiReposition)
+    ZR_EVENT_CLASS(UiRegionEvent)
     using UiWidgetEvent::UiWidgetEvent;
     GeRectangle<int> const& getRegion() const { return _region; }
     void setRegion(GeRectangle<int> const& r) { _region = r; }
@@ -50,17 +51,16 @@ private:
     GeRectangle<int> _region;
 };
 
-class UiResize : public UiWidgetEvent {
+class UiReposition : public UiRegionEvent {
+public:
+    ZR_EVENT_CLASS(UiReposition)
+    using UiRegionEvent::UiRegionEvent;
+};
+
+class UiResize : public UiRegionEvent {
 public:
     ZR_EVENT_CLASS(UiResize)
-    using UiWidgetEvent::UiWidgetEvent;
-    GeRectangle<int> const& getRegion() const { return _region; }
-    void setRegion(GeRectangle<int> const& r) { _region = r; }
-    void dump(std::ostream& os) const override;
-    void read(std::istream& is) override;
-
-private:
-    GeRectangle<int> _region;
+    using UiRegionEvent::UiRegionEvent;
 };
 
 class UiMap : public UiWidgetEvent {
