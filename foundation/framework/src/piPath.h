@@ -1,13 +1,12 @@
 // PiPath: the chain of group objects, from the top down, by which a node was reached.
 #pragma once
 
+#include "piGraphObject.h"
 #include "rcBase.h"
 
 #include <vector>
 
 namespace Zr {
-
-class PiGraphObject;
 
 class PiPath : public RCObject {
 public:
