@@ -13,6 +13,10 @@ namespace {
 // Input full names: letters, digits, '_' and the '.' between node, input and part names.
 char const* const NAME_CHARS = "0123456789_abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ.";
 
+bool startsName(char c) {
+    return c == '_' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
 bool isBlank(std::string const& text) {
     return text.find_first_not_of(" \t\n\v\f\r") == std::string::npos;
 }
@@ -31,8 +35,12 @@ struct PiExpression::Imp {
     mu::Parser parser;
 
     // Called by the parser for each name it meets the first time, in the order of the text.
+    // A name starts with a letter or '_', as node names do: "1e400" is a number out of range,
+    // not the name of an input.
     static double* addVariable(char const* name, void* data) {
         auto* imp = static_cast<Imp*>(data);
+        if (!startsName(name[0]))
+            throw mu::Parser::exception_type(mu::ecINVALID_NAME, name, imp->text);
         imp->variables.emplace_back(name);
         return &imp->slots.emplace_back(0.0);
     }
