@@ -1,0 +1,242 @@
+// Selection items and selections: converters round-trip and refuse other kinds, const
+// pointers read writable items, graph object items keep their path, filters and snapshots.
+#include "piSnItem.h"
+#include "prdPredicateImp.h"
+#include "snItemConvert.h"
+#include "snSelection.h"
+#include "tmKeyframe.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+namespace Zr {
+namespace {
+
+// A graph-like object: the validity predicate asks only for isValid().
+class FakeObject : public RCObject {
+public:
+    explicit FakeObject(bool valid) : _valid(valid) {}
+    bool isValid() const { return _valid; }
+
+private:
+    bool _valid;
+};
+
+std::string assertionText(std::function<void()> const& f) {
+    try {
+        f();
+    } catch (ExAssertionFailed const& e) {
+        return e.getReason();
+    }
+    return "no assertion";
+}
+
+std::string dumped(SnItem const& item) {
+    std::ostringstream os;
+    item.dump(os);
+    return os.str();
+}
+
+using KeyPtr = RCShdPtr<TmKeyframe>;
+using ConstKeyPtr = RCShdPtr<TmKeyframe const>;
+
+TEST(Selection, ConvertersRoundTripTheirOwnType) {
+    RCShdPtr<SnItem> text = SnItemConvert<std::string>::createItem("Blur1.radius");
+    ASSERT_TRUE(SnItemConvert<std::string>::test(text));
+    EXPECT_EQ(SnItemConvert<std::string>::get(text), "Blur1.radius");
+
+    RCShdPtr<SnItem> number = SnItemConvert<double>::createItem(2.5);
+    EXPECT_EQ(SnItemConvert<double>::get(number), 2.5);
+
+    KeyPtr key = makeShared<TmKeyframe>(1.0, 3.0);
+    RCShdPtr<SnItem> keyItem = SnItemConvert<KeyPtr>::createItem(key);
+    EXPECT_EQ(SnItemConvert<KeyPtr>::get(keyItem), key); // the same key, not a copy
+}
+
+TEST(Selection, ConvertersRefuseOtherTypesWithTheirAssertion) {
+    RCShdPtr<SnItem> text = SnItemConvert<std::string>::createItem("x");
+    RCShdPtr<SnItem> number = SnItemConvert<int>::createItem(3);
+    EXPECT_FALSE(SnItemConvert<int>::test(text));
+    EXPECT_FALSE(SnItemConvert<double>::test(number)); // no numeric widening
+    EXPECT_FALSE(SnItemConvert<KeyPtr>::test(text));
+    EXPECT_FALSE(SnItemConvert<std::string>::test(nullptr));
+    EXPECT_EQ(assertionText([&] { SnItemConvert<int>::get(text); }), "SnItemConvert::test( item )");
+    EXPECT_EQ(assertionText([&] { SnItemConvert<std::string>::get(nullptr); }),
+              "SnItemConvert::test( item )");
+}
+
+TEST(Selection, ConstPointerConverterReadsWritableItemsButNotTheReverse) {
+    KeyPtr key = makeShared<TmKeyframe>(0.5, 1.0);
+    RCShdPtr<SnItem> writable = SnItemConvert<KeyPtr>::createItem(key);
+    ASSERT_TRUE(SnItemConvert<ConstKeyPtr>::test(writable));
+    EXPECT_EQ(SnItemConvert<ConstKeyPtr>::get(writable).get(), key.get());
+
+    RCShdPtr<SnItem> readOnly = SnItemConvert<ConstKeyPtr>::createItem(key);
+    EXPECT_TRUE(SnItemConvert<ConstKeyPtr>::test(readOnly));
+    EXPECT_FALSE(SnItemConvert<KeyPtr>::test(readOnly)); // a const key never becomes writable
+}
+
+TEST(Selection, GraphObjectItemsConvertAsTheirPointerAndKeepThePath) {
+    auto object = makeShared<FakeObject>(true);
+    auto path = makeShared<PiPath>();
+    RCShdPtr<SnItem> item = PiSnItem<FakeObject>::create(object, path);
+
+    EXPECT_TRUE(SnItemConvert<RCShdPtr<FakeObject>>::test(item));
+    EXPECT_TRUE(SnItemConvert<RCShdPtr<FakeObject const>>::test(item));
+    EXPECT_EQ(SnItemConvert<RCShdPtr<FakeObject>>::get(item), object);
+    EXPECT_EQ(dynamic_cast<PiSnItem<FakeObject>&>(*item).getPath(), path);
+    EXPECT_EQ(item->getObject(), object.get());
+
+    RCShdPtr<SnItem> constItem = PiSnItemConst<FakeObject>::create(object, path);
+    EXPECT_TRUE(SnItemConvert<RCShdPtr<FakeObject const>>::test(constItem));
+    EXPECT_FALSE(SnItemConvert<RCShdPtr<FakeObject>>::test(constItem));
+}
+
+TEST(Selection, SnapshotsAreIndependentOfLaterChanges) {
+    auto original = makeShared<SnItemBasic<std::string>>("before");
+    RCShdPtr<SnItem> copy = original->snapshot();
+    original->set("after");
+    EXPECT_EQ(SnItemConvert<std::string>::get(copy), "before");
+
+    original->restore(*copy);
+    EXPECT_EQ(original->get(), "before");
+
+    // A graph object item copies its path and shares the object.
+    auto object = makeShared<FakeObject>(true);
+    auto path = makeShared<PiPath>();
+    RCShdPtr<SnItem> item = PiSnItem<FakeObject>::create(object, path);
+    RCShdPtr<SnItem> itemCopy = item->snapshot();
+    auto& piCopy = dynamic_cast<PiSnItem<FakeObject>&>(*itemCopy);
+    EXPECT_EQ(piCopy.get(), object);
+    ASSERT_FALSE(piCopy.getPath().isNull());
+    EXPECT_NE(piCopy.getPath(), path);
+    EXPECT_TRUE(*piCopy.getPath() == *path);
+}
+
+TEST(Selection, RestoreFromAnotherKindFailsAndKeepsTheValue) {
+    auto text = makeShared<SnItemBasic<std::string>>("kept");
+    RCShdPtr<SnItem> number = SnItemConvert<int>::createItem(4);
+    EXPECT_EQ(assertionText([&] { text->restore(*number); }), "source != nullptr");
+    EXPECT_EQ(text->get(), "kept");
+}
+
+TEST(Selection, DumpsPrintWhatTheValueAllows) {
+    EXPECT_EQ(dumped(*SnItemConvert<std::string>::createItem("abc")), "string \"abc\"");
+    EXPECT_EQ(dumped(*SnItemConvert<int>::createItem(7)), "int 7");
+    EXPECT_EQ(dumped(*SnItemConvert<bool>::createItem(true)), "bool true");
+    EXPECT_EQ(dumped(*SnItemConvert<KeyPtr>::createItem(nullptr)), "Zr::TmKeyframe null");
+
+    KeyPtr key = makeShared<TmKeyframe>();
+    std::string const text = dumped(*SnItemConvert<KeyPtr>::createItem(key));
+    EXPECT_EQ(text.rfind("Zr::TmKeyframe 0x", 0), 0u) << text;
+
+    auto path = makeShared<PiPath>();
+    std::string const piText =
+        dumped(*PiSnItem<FakeObject>::create(makeShared<FakeObject>(true), path));
+    EXPECT_NE(piText.find("FakeObject 0x"), std::string::npos) << piText;
+    EXPECT_NE(piText.find(", path of 0 group(s)"), std::string::npos) << piText;
+}
+
+TEST(Selection, KeepsItemsInOrderAndRefusesNull) {
+    RCShdPtr<SnSelection> selection = SnSelection::create();
+    EXPECT_TRUE(selection->isEmpty());
+    EXPECT_TRUE(selection->getFirstItem().isNull());
+
+    RCShdPtr<SnItem> a = SnItemConvert<std::string>::createItem("a");
+    RCShdPtr<SnItem> b = SnItemConvert<int>::createItem(2);
+    selection->addItem(a);
+    selection->addItem(b);
+    EXPECT_EQ(assertionText([&] { selection->addItem(nullptr); }), "!item.isNull()");
+    EXPECT_EQ(selection->getNbItems(), 2);
+    EXPECT_EQ(selection->getFirstItem(), a);
+    EXPECT_EQ(selection->getItem(1), b);
+    EXPECT_EQ(assertionText([&] { selection->getItem(2); }), "index >= 0 && index < getNbItems()");
+
+    std::vector<SnItem*> walked;
+    for (RCShdPtr<SnItem> const& item : *selection)
+        walked.push_back(item.get());
+    EXPECT_EQ(walked, (std::vector<SnItem*>{a.get(), b.get()}));
+
+    EXPECT_TRUE(selection->removeItem(a));
+    EXPECT_FALSE(selection->removeItem(a));
+    selection->clear();
+    EXPECT_TRUE(selection->isEmpty());
+}
+
+TEST(Selection, FilterKeepsMatchingItemsInOrderAndLeavesTheSource) {
+    RCShdPtr<SnSelection> selection = SnSelection::create();
+    selection->addItem(SnItemConvert<std::string>::createItem("first"));
+    selection->addItem(SnItemConvert<int>::createItem(1));
+    selection->addItem(SnItemConvert<std::string>::createItem("second"));
+
+    RCShdPtr<SnSelection> strings = selection->filter(SnItemConvert<std::string>::getPredicate());
+    ASSERT_EQ(strings->getNbItems(), 2);
+    EXPECT_EQ(SnItemConvert<std::string>::get(strings->getItem(0)), "first");
+    EXPECT_EQ(SnItemConvert<std::string>::get(strings->getItem(1)), "second");
+    EXPECT_EQ(strings->getItem(0), selection->getItem(0)); // shared, not copied
+    EXPECT_EQ(selection->getNbItems(), 3);
+
+    EXPECT_TRUE(selection->filter(SnItemConvert<double>::getPredicate())->isEmpty());
+}
+
+TEST(Selection, ValidObjectPredicateSkipsRemovedNullAndOtherItems) {
+    auto live = makeShared<FakeObject>(true);
+    RCShdPtr<SnSelection> selection = SnSelection::create();
+    selection->addItem(PiSnItem<FakeObject>::create(makeShared<FakeObject>(false)));
+    selection->addItem(PiSnItem<FakeObject>::create(nullptr));
+    selection->addItem(SnItemConvert<std::string>::createItem("x"));
+    selection->addItem(PiSnItemConst<FakeObject>::create(live));
+
+    RCShdPtr<SnSelection> valid =
+        selection->filter(PiIsValidGraphObjectItem<FakeObject>::getPredicate());
+    ASSERT_EQ(valid->getNbItems(), 1);
+    EXPECT_EQ(valid->getFirstItem()->getObject(), live.get());
+}
+
+TEST(Selection, CompositePredicatesCombineAndStopEarly) {
+    using Item = RCShdPtr<SnItem const>;
+    int calls = 0;
+    PrdPredicate<Item> counting = [&](Item const&) {
+        ++calls;
+        return true;
+    };
+    PrdPredicate<Item> isString = SnItemConvert<std::string>::getPredicate();
+    Item number = SnItemConvert<int>::createItem(1);
+    Item text = SnItemConvert<std::string>::createItem("t");
+
+    PrdPredicate<Item> both = PrdCompositePredicateImp<Item>::makeAnd(isString, counting);
+    EXPECT_FALSE(both(number));
+    EXPECT_EQ(calls, 0); // the first false decides
+    EXPECT_TRUE(both(text));
+    EXPECT_EQ(calls, 1);
+
+    PrdPredicate<Item> either = PrdCompositePredicateImp<Item>::makeOr(isString, counting);
+    EXPECT_TRUE(either(text));
+    EXPECT_EQ(calls, 1); // the first true decides
+    EXPECT_TRUE(either(number));
+    EXPECT_EQ(calls, 2);
+
+    EXPECT_TRUE(PrdCompositePredicateImp<Item>(PrdCompositePredicateImp<Item>::And).test(text));
+    EXPECT_FALSE(PrdCompositePredicateImp<Item>(PrdCompositePredicateImp<Item>::Or).test(text));
+
+    PrdCompositePredicateImp<Item> composite(PrdCompositePredicateImp<Item>::And);
+    EXPECT_EQ(assertionText([&] { composite.add(PrdPredicate<Item>()); }),
+              "static_cast<bool>(predicate)");
+    EXPECT_EQ(composite.getNbPredicates(), 0);
+}
+
+TEST(Selection, SelectionSnapshotCopiesEveryItem) {
+    RCShdPtr<SnSelection> selection = SnSelection::create();
+    auto text = makeShared<SnItemBasic<std::string>>("one");
+    selection->addItem(text);
+    RCShdPtr<SnSelection> copy = selection->snapshot();
+    text->set("two");
+    ASSERT_EQ(copy->getNbItems(), 1);
+    EXPECT_NE(copy->getFirstItem(), text);
+    EXPECT_EQ(SnItemConvert<std::string>::get(copy->getFirstItem()), "one");
+}
+
+} // namespace
+} // namespace Zr
