@@ -87,13 +87,13 @@ struct PiIsValidGraphObjectItem {
     static PrdPredicate<RCShdPtr<SnItem const>> getPredicate() { return test; }
 };
 
-// Items whose object is a tool node, whatever pointer type holds it.
+// Items whose object is a tool node, or an input of one, whatever pointer type holds it.
 struct PiIsToolNode {
     static bool test(RCShdPtr<SnItem const> const& item);
     static PrdPredicate<RCShdPtr<SnItem const>> getPredicate() { return test; }
 };
 
-// Items whose object is a tool node made from a super tool.
+// Items whose object is a tool node made from a super tool, or an input of one.
 struct PiIsSuperToolNode {
     static bool test(RCShdPtr<SnItem const> const& item);
     static PrdPredicate<RCShdPtr<SnItem const>> getPredicate() { return test; }

@@ -1,6 +1,9 @@
 // Selection items and selections: converters round-trip and refuse other kinds, const
 // pointers read writable items, graph object items keep their path, filters and snapshots.
+#include "piInput.h"
 #include "piSnItem.h"
+#include "piTool.h"
+#include "piToolNode.h"
 #include "prdPredicateImp.h"
 #include "snItemConvert.h"
 #include "snSelection.h"
@@ -193,6 +196,42 @@ TEST(Selection, ValidObjectPredicateSkipsRemovedNullAndOtherItems) {
         selection->filter(PiIsValidGraphObjectItem<FakeObject>::getPredicate());
     ASSERT_EQ(valid->getNbItems(), 1);
     EXPECT_EQ(valid->getFirstItem()->getObject(), live.get());
+}
+
+TEST(Selection, ValidObjectPredicateFollowsTheObjectLeavingItsGraph) {
+    auto input = makeShared<PiInput>("radius", PiInput::Type::Double);
+    RCShdPtr<SnItem> item = PiSnItem<PiInput>::create(input);
+    EXPECT_TRUE(PiIsValidGraphObjectItem<PiInput>::test(item));
+    input->setValid(false);
+    EXPECT_FALSE(PiIsValidGraphObjectItem<PiInput>::test(item));
+}
+
+TEST(Selection, ToolNodePredicatesRecogniseNodesAndTheirInputs) {
+    auto blur = makeShared<PiTool>("Blur", Uuid());
+    PiTool::InputDeclaration radius;
+    radius.name = "radius";
+    blur->addInputDeclaration(radius);
+    auto plain = makeShared<PiToolNode>("Blur1", blur);
+    auto macro = makeShared<PiToolNode>("Macro1", makeShared<PiTool>("Macro", Uuid(), true));
+    auto looseInput = makeShared<PiInput>("gain", PiInput::Type::Double);
+    RCShdPtr<SnItem> plainItem = PiSnItem<PiNode>::create(plain);
+    RCShdPtr<SnItem> macroItem = PiSnItemConst<PiToolNode>::create(macro);
+    RCShdPtr<SnItem> looseItem = PiSnItem<PiInput>::create(looseInput);
+    RCShdPtr<SnItem> text = SnItemConvert<std::string>::createItem("Blur1");
+
+    auto const isTool = PiIsToolNode::getPredicate();
+    auto const isSuper = PiIsSuperToolNode::getPredicate();
+    EXPECT_TRUE(isTool(plainItem));
+    EXPECT_TRUE(isTool(macroItem));
+    EXPECT_FALSE(isTool(looseItem)); // an input of no node
+    EXPECT_FALSE(isTool(text));
+    EXPECT_FALSE(isTool(nullptr));
+    EXPECT_FALSE(isSuper(plainItem));
+    EXPECT_TRUE(isSuper(macroItem));
+
+    RCShdPtr<SnItem> inputItem = PiSnItemConst<PiInput>::create(plain->findInput("radius"));
+    EXPECT_TRUE(isTool(inputItem));
+    EXPECT_FALSE(isSuper(inputItem));
 }
 
 TEST(Selection, CompositePredicatesCombineAndStopEarly) {
