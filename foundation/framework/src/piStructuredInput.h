@@ -8,8 +8,8 @@ namespace Zr {
 
 // Part full names are "node.input.part". A change of a part tells the part's value observers
 // and then the whole's. As a whole: the static value is the first part's and setting it sets
-// every part; it is animated or has an expression when a part is; reset resets every part.
-// A structured input cannot be connected or animated as a whole.
+// every part, telling the whole's observers once; it is animated or has an expression when a part
+// is; reset resets every part. A structured input cannot be connected or animated as a whole.
 class PiStructuredInput : public PiInput {
 public:
     // Makes one Double part per name, with the range and default of the whole.
@@ -34,7 +34,16 @@ public:
     void removeAnimationKeepingValue(double time) override;
 
 private:
+    friend class PiInput;
+    // Runs `change` over the parts and then tells the whole's observers once, not once per
+    // part.
+    template <class F>
+    void changeParts(F const& change);
+
     std::vector<RCShdPtr<PiInput>> _parts;
+    int _batchDepth = 0;
+    bool _pendingValue = false;
+    bool _pendingState = false;
 };
 
 } // namespace Zr

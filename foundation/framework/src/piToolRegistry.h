@@ -70,6 +70,7 @@ private:
 
     std::map<std::string, RCShdPtr<PiTool>> _tools;
     std::vector<std::string> _loadErrors;
+    bool _defaultsLoaded = false;
 };
 
 } // namespace Zr
