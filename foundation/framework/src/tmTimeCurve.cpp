@@ -2,6 +2,8 @@
 // a Catmull-Rom spline between two keys.
 #include "tmTimeCurve.h"
 
+#include "exBase.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -48,6 +50,8 @@ RCShdPtr<TmTimeCurve> TmTimeCurve::clone() const {
 }
 
 void TmTimeCurve::setKey(TmKeyframe const& key) {
+    // A key at a time that is not a number would have no place in the order.
+    ZR_ASSERT(std::isfinite(key.getTime()));
     auto it = lowerKey(_keys, key.getTime());
     if (it != _keys.end() && isAt(*it, key.getTime())) {
         // Same key: keep its time so that the order of the keys cannot change.
@@ -60,6 +64,7 @@ void TmTimeCurve::setKey(TmKeyframe const& key) {
 }
 
 void TmTimeCurve::setKey(double time, double value) {
+    ZR_ASSERT(std::isfinite(time));
     auto it = lowerKey(_keys, time);
     if (it != _keys.end() && isAt(*it, time)) {
         _keys[static_cast<std::size_t>(it - _keys.begin())].setValue(value);

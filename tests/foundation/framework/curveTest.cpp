@@ -111,6 +111,17 @@ TEST(CurveKeys, SetKeyKeepsOrderAndReplacesAtTheSameTime) {
     EXPECT_EQ(c.getKey(1).getValue(), 26.0);
     EXPECT_EQ(c.getKey(1).getInterpolation(), Interp::Constant);
     EXPECT_THROW(c.getKey(3), std::out_of_range);
+
+    // Times that are not numbers have no place among the keys.
+    try {
+        c.setKey(std::numeric_limits<double>::quiet_NaN(), 1.0);
+        ADD_FAILURE() << "no assertion";
+    } catch (ExAssertionFailed const& ex) {
+        EXPECT_EQ(ex.getReason(), "std::isfinite(time)");
+    }
+    EXPECT_THROW(c.setKey(TmKeyframe(std::numeric_limits<double>::infinity(), 1.0)),
+                 ExAssertionFailed);
+    EXPECT_EQ(c.getNbKeys(), 3);
 }
 
 TEST(CurveKeys, FindAndRemove) {
