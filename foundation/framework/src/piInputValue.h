@@ -26,7 +26,8 @@ namespace Zr {
 //   key at the current time;
 // - marked: showsYellowBar() true, the input is marked for keyframing; it adds to the others.
 // An expression (hasExpression()) is told apart by the editor, which is then locked
-// (isEditable() false).
+// (isEditable() false). The bars depend on the time as well: an editor redraws them when its
+// value observer is told of a time move.
 //
 // Observers (CbHandler<CbEmptyType>*) are held by the proxy's own dispatchers, which the input's
 // value, state and display dispatchers feed: each observer is told once per change of the input.

@@ -182,27 +182,5 @@ TEST_F(UndoRoundTrip, EveryKindOfEditIsUndoneAndRedoneExactly) {
     EXPECT_EQ(onValue.count, 4);
 }
 
-TEST_F(UndoRoundTrip, ANewEditDropsTheRedoEntries) {
-    ASSERT_GE(doubles.size(), 1u);
-    auto value = PiInputValue<double>::createTyped(doubles[0], timePath);
-    auto stack = graph->getCommandStack();
-    double const v0 = value->getValue();
-    double const v1 =
-        doubles[0]->getMinimum() + 0.5 * (doubles[0]->getMaximum() - doubles[0]->getMinimum());
-    {
-        PiUndoGuard guard(stack, "one");
-        value->setValue(v1);
-    }
-    stack->undo();
-    EXPECT_EQ(value->getValue(), v0);
-    {
-        PiUndoGuard guard(stack, "two");
-        value->setValue(doubles[0]->getMaximum());
-    }
-    EXPECT_FALSE(stack->canRedo());
-    stack->undo();
-    EXPECT_EQ(value->getValue(), v0);
-}
-
 } // namespace
 } // namespace Zr
