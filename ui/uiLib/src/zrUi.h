@@ -4,6 +4,7 @@
 
 #include "zrBase.h"
 #include "zrGfx.h"
+#include "zrFramework.h"
 
 // Resource tables, constraints, colours and hotkeys.
 #include "uiColorRegistry.h"
