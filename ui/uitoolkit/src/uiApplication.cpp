@@ -6,6 +6,7 @@
 #include "uiGrab.h"
 #include "uiHotkeyRegistry.h"
 #include "uiResTable.h"
+#include "uiTransporter.h"
 #include "uiWidget.h"
 #include "uiWindow.h"
 #include "uitoolkitInit.h"
@@ -85,7 +86,8 @@ bool UiApplication::isInit() {
 }
 
 UiApplication::UiApplication()
-    : _winMgr(&WsWinMgr::getInstance()), _systemResources(std::make_unique<UiResTable>()),
+    : _winMgr(&WsWinMgr::getInstance()), _transporter(UiTransporter::create()),
+      _transporterPnS(UiTransporterPnS::create()), _systemResources(std::make_unique<UiResTable>()),
       _tooltipAlarm(makeShared<MtAlarmHandle>("Tooltip (UiApplication)")),
       _eventManager(std::make_unique<EventManager>(this)) {
     _moveCompression = UiToolkitSettings::compressPointerMoves();
@@ -622,6 +624,17 @@ void UiApplication::resetCursor() {
         return;
     }
     popOverrideCursor();
+}
+
+// --- drag and drop ----------------------------------------------------------------------------
+
+void UiApplication::registerTransporter(UiTransporter* transporter) {
+    _currentTransporter = transporter;
+}
+
+void UiApplication::deregisterTransporter(UiTransporter* transporter) {
+    if (_currentTransporter.get() == transporter)
+        _currentTransporter = nullptr;
 }
 
 // --- floating handlers ----------------------------------------------------------------------

@@ -19,6 +19,7 @@ namespace Zr {
 class MtAlarmHandle;
 class UiGrab;
 class UiResTable;
+class UiTransporter;
 class UiWidget;
 class UiWindow;
 class WsWinMgr;
@@ -170,6 +171,17 @@ public:
     void popOverrideCursor();
     void replaceOverrideCursor(RCShdPtr<WsCursor> const& cursor);
 
+    // --- drag and drop --------------------------------------------------------------------
+    // The transporters of the held drag and of pick and stick, made with the application and
+    // used drag after drag.
+    RCShdPtr<UiTransporter> const& getTransporter() const { return _transporter; }
+    RCShdPtr<UiTransporter> const& getTransporterPnS() const { return _transporterPnS; }
+    // A transporter records itself while its drag runs; deregistering another one does nothing.
+    void registerTransporter(UiTransporter* transporter);
+    void deregisterTransporter(UiTransporter* transporter);
+    // The transporter of the drag that runs now; null between drags.
+    RCShdPtr<UiTransporter> const& getCurrentTransporter() const { return _currentTransporter; }
+
     // --- floating handlers ----------------------------------------------------------------
     void registerFloatingHandlerPopupCb(LiString const& name, CbHandler<EvEvent>* handler);
     void unregisterFloatingHandlerPopupCb(LiString const& name);
@@ -218,6 +230,9 @@ private:
     bool _moveCompression;
     bool _allowDoubleDown = false;
     RCShdPtr<UiWindow> _currentWindow;
+    RCShdPtr<UiTransporter> _transporter;
+    RCShdPtr<UiTransporter> _transporterPnS;
+    RCShdPtr<UiTransporter> _currentTransporter;
     UPtr<UiResTable> _systemResources;
     std::vector<RCShdPtr<WsCursor>> _overrideCursors;
     double _pointerFocusDuration = 0.5;

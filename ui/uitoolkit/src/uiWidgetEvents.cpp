@@ -4,12 +4,14 @@
 
 #include "lgLog.h"
 #include "lgMinorGroup.h"
+#include "uiApplication.h"
 #include "uiArmStack.h"
 #include "uiContainer.h"
 #include "uiFocusKeyboard.h"
 #include "uiFrame.h"
 #include "uiHotkeyRegistry.h"
 #include "uiLogGroups.h"
+#include "uiTransporter.h"
 #include "uiWidgetImp.h"
 #include "uiWindow.h"
 #include "wsEvents.h"
@@ -69,12 +71,14 @@ bool UiWidget::interceptDrag(EvEvent& event) {
         return false;
 
     RCShdPtr<UiDragAndDrop> dnd = carrier->_imp->_dnd;
-    bool pickAndStick = dnd->isPickAndStick();
-    UiGestureRecogniser* recogniser = carrier->_imp->_dragRecogniser.get();
+    bool pickAndStick = dnd->willPickAndStick();
     if (pickAndStick) {
-        if (UiDragAndDrop::isPickAndStickActive())
+        // Only a press picks; everything else goes on while nothing is picked.
+        if (UiDragAndDrop::isPickAndStickActive() ||
+            !dynamic_cast<EvPointerButtonDownEvent*>(&event))
             return false;
     } else {
+        UiGestureRecogniser* recogniser = carrier->_imp->_dragRecogniser.get();
         if (!recogniser || recogniser->isRecognised())
             return false;
         if (!recogniser->feed(event))
@@ -82,13 +86,19 @@ bool UiWidget::interceptDrag(EvEvent& event) {
     }
 
     RCShdPtr<UiWidget> carrierRef = carrier->makeSender();
+    RCShdPtr<UiWidget> self = makeSender();
+    UiApplication& app = UiApplication::getInstance();
     if (pickAndStick) {
-        UiDragAndDrop::startTransporter(*this, event, *carrier, true);
+        RCShdPtr<UiTransporter> transporter = app.getTransporterPnS();
+        transporter->start(self, event, carrierRef);
     } else {
-        if (dnd->willDrag(event, carrierRef))
-            UiDragAndDrop::startTransporter(*this, event, *carrier, false);
-        // A recogniser left triggered would let every later event through without a drag.
-        recogniser->reset();
+        // Reset first: a recogniser left triggered would let every later event through
+        // without a drag, whatever happens in the start.
+        carrier->_imp->_dragRecogniser->reset();
+        if (dnd->willDrag(event, carrierRef)) {
+            RCShdPtr<UiTransporter> transporter = app.getTransporter();
+            transporter->start(self, event, carrierRef);
+        }
     }
     return true;
 }
