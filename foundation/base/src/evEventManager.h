@@ -27,6 +27,9 @@ public:
     virtual void postRequest(OPtr<EvRequestEvent> request) = 0;
 };
 
+// The common base of the errors of event classes and of what is built from key events.
+ZR_DECLARE_EXCEPTION(EvEx, ExBase);
+
 ZR_DECLARE_EXCEPTION(EvUndefinedRelation, ExBase);
 
 // Names of relations between events (such as which event answers which) mapped to small

@@ -90,6 +90,8 @@ constexpr KeyName otherSpellings[] = {
     {EvKeyCode::BracketRight, "]"},    {EvKeyCode::Backslash, "\\"},
     {EvKeyCode::Semicolon, ";"},       {EvKeyCode::Apostrophe, "'"},
     {EvKeyCode::Slash, "/"},           {EvKeyCode::Less, "<"},
+    // The keypad's plus is the one key that bears "+" on every layout.
+    {EvKeyCode::KP_Add, "+"},
 };
 
 std::string lowered(std::string text) {
