@@ -1,10 +1,13 @@
-// UiHotkey's text and XML forms, and which key events it matches.
+// UiHotkey: its text, XML and stream forms, the failures of each, its order, and which key
+// events it matches.
 #include "uiHotkey.h"
 
 #include "xmlDocument.h"
+#include "xmlWriter.h"
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <sstream>
 
 using namespace Zr;
@@ -16,94 +19,204 @@ EvKeyPressEvent press(int key, unsigned modifiers = 0) {
     e.setKeyboardState(EvKeyboardState(modifiers));
     return e;
 }
+
+constexpr unsigned Shift = EvKeyboardState::Shift;
+constexpr unsigned Ctrl = EvKeyboardState::Control;
+constexpr unsigned Alt = EvKeyboardState::Alt;
+
+// The hotkey of the first child element of a one-element document.
+UiHotkey readElement(std::string const& xml) {
+    XmlDocument doc("<Domain Name=\"d\">" + xml + "</Domain>", "hotkeys");
+    UiHotkey hotkey;
+    hotkey.read(doc.getRoot().getChildren().at(0));
+    return hotkey;
+}
 } // namespace
 
 TEST(HotkeyText, RoundTripsWithAndWithoutModifiers) {
     UiHotkey tab(EvKeyCode::Tab, EvKeyboardState());
     EXPECT_EQ(tab.toString(), "Tab");
-    UiHotkey shiftCtrlTab(EvKeyCode::Tab,
-                          EvKeyboardState(EvKeyboardState::Shift | EvKeyboardState::Control));
+    UiHotkey shiftCtrlTab(EvKeyCode::Tab, EvKeyboardState(Shift | Ctrl));
     EXPECT_EQ(shiftCtrlTab.toString(), "shift+ctrl+Tab");
     EXPECT_EQ(UiHotkey::fromString("shift+ctrl+Tab"), shiftCtrlTab);
     EXPECT_EQ(UiHotkey::fromString("Ctrl+Shift+Tab"), shiftCtrlTab);
+    EXPECT_EQ(UiHotkey::getSeparator(), "+");
+    EXPECT_EQ(UiHotkey().toString(), "Unknown");
+    EXPECT_TRUE(UiHotkey::fromString("Unknown").isEmpty());
 }
 
-TEST(HotkeyText, ParseStringKeepsThePlusKey) {
-    EvKeyboardState state(EvKeyboardState::Alt);
+TEST(HotkeyText, ParseStringTakesTheLastSeparatorAndKeepsThePlusKey) {
+    int const plus = EvKeyCode::fromString("+");
+    ASSERT_EQ(plus, EvKeyCode::KP_Add);
+
+    EvKeyboardState state(Alt);
     int key = 0;
+    UiHotkey::parseString("Ctrl++", state, key);
+    EXPECT_EQ(key, plus);
+    EXPECT_EQ(state.getState(), Ctrl);
+
+    state = EvKeyboardState(Alt);
+    UiHotkey::parseString("+", state, key);
+    EXPECT_EQ(key, plus);
+    EXPECT_EQ(state.getState(), Alt); // left as given
+
     UiHotkey::parseString("F1", state, key);
     EXPECT_EQ(key, EvKeyCode::functionKey(1));
-    EXPECT_EQ(state.getState(), unsigned(EvKeyboardState::Alt)); // left as given
+    EXPECT_EQ(state.getState(), Alt);
+
     UiHotkey::parseString("ctrl+-", state, key);
     EXPECT_EQ(key, EvKeyCode::Minus);
-    EXPECT_EQ(state.getState(), unsigned(EvKeyboardState::Control));
-    // A "+" at the end is the key itself, where the key table names one.
-    if (int const plus = EvKeyCode::fromString("+"); plus >= 0) {
-        UiHotkey::parseString("alt++", state, key);
-        EXPECT_EQ(key, plus);
-        EXPECT_EQ(state.getState(), unsigned(EvKeyboardState::Alt));
+    EXPECT_EQ(state.getState(), Ctrl);
+
+    // The printed form of a "+" hotkey reads back.
+    UiHotkey const ctrlPlus = UiHotkey::fromString("ctrl++");
+    EXPECT_EQ(UiHotkey::fromString(ctrlPlus.toString()), ctrlPlus);
+}
+
+TEST(HotkeyText, UnknownNamesAreUndefinedRelationsAndChangeNothing) {
+    EvKeyboardState state;
+    int key = EvKeyCode::Tab;
+    for (char const* text : {"shift+NoSuchKey", "hyper+Tab", "NoSuchKey", "ctrl+", "a+"}) {
+        EXPECT_THROW(UiHotkey::parseString(text, state, key), EvUndefinedRelation) << text;
+        EXPECT_EQ(key, EvKeyCode::Tab) << text;
+        EXPECT_EQ(state.getState(), 0u) << text;
     }
 }
 
-TEST(HotkeyText, UnknownNamesAreReportedAndChangeNothing) {
-    EvKeyboardState state;
-    int key = EvKeyCode::Tab;
-    EXPECT_THROW(UiHotkey::parseString("shift+NoSuchKey", state, key), UiExIncompleteHotkey);
-    EXPECT_THROW(UiHotkey::parseString("hyper+Tab", state, key), UiExIncompleteHotkey);
-    EXPECT_EQ(key, EvKeyCode::Tab);
-    EXPECT_EQ(state.getState(), 0u);
+TEST(HotkeyText, TypeWordsAreExact) {
+    EXPECT_EQ(UiHotkey::typeFromString("Press"), UiHotkey::Press);
+    EXPECT_EQ(UiHotkey::typeFromString("Release"), UiHotkey::Release);
+    EXPECT_EQ(UiHotkey(1, EvKeyboardState(), UiHotkey::Release).typeToStr(), "Release");
+    try {
+        UiHotkey::typeFromString("Sometimes");
+        FAIL() << "no exception";
+    } catch (EvUndefinedRelation const& e) {
+        EXPECT_NE(e.getReason().find("Sometimes"), std::string::npos);
+    }
+    EXPECT_THROW(UiHotkey::typeFromString("press"), EvUndefinedRelation);
+}
+
+TEST(HotkeyText, PointerButtonsAreKeysOfTheirOwn) {
+    UiHotkey const middle = UiHotkey::fromString("MiddleClick");
+    EXPECT_EQ(middle.getKey(), UiHotkey::MiddleClick);
+    EXPECT_TRUE(UiHotkey::isClickKey(middle.getKey()));
+    EXPECT_EQ(middle.toString(), "MiddleClick");
+    EXPECT_EQ(UiHotkey::fromString("shift+leftclick").toString(), "shift+LeftClick");
+    EXPECT_FALSE(UiHotkey::isClickKey(EvKeyCode::F1));
+}
+
+TEST(HotkeyOrder, ByKeyThenModifiersThenType) {
+    UiHotkey const a(EvKeyCode::Tab, EvKeyboardState(Ctrl), UiHotkey::Release);
+    UiHotkey const b(EvKeyCode::Return, EvKeyboardState());
+    UiHotkey const c(EvKeyCode::Return, EvKeyboardState(Shift));
+    UiHotkey const d(EvKeyCode::Return, EvKeyboardState(Shift), UiHotkey::Release);
+    UiHotkey const negative(-1, EvKeyboardState(Ctrl));
+    EXPECT_TRUE(negative < UiHotkey());
+    EXPECT_TRUE(a < b);
+    EXPECT_TRUE(b < c);
+    EXPECT_TRUE(c < d);
+    EXPECT_FALSE(d < c);
+    EXPECT_FALSE(c < c);
+    EXPECT_NE(c, d);
+    std::set<UiHotkey> const ordered{d, c, b, a, negative, c};
+    EXPECT_EQ(ordered.size(), 5u);
+    EXPECT_EQ(*ordered.begin(), negative);
+    EXPECT_EQ(*ordered.rbegin(), d);
 }
 
 TEST(HotkeyMatch, NeedsTheSameKeyModifiersAndDirection) {
-    UiHotkey shiftTab(EvKeyCode::Tab, EvKeyboardState(EvKeyboardState::Shift));
-    EXPECT_TRUE(shiftTab.matches(press(EvKeyCode::Tab, EvKeyboardState::Shift)));
+    UiHotkey shiftTab(EvKeyCode::Tab, EvKeyboardState(Shift));
+    EXPECT_TRUE(shiftTab.matches(press(EvKeyCode::Tab, Shift)));
     EXPECT_FALSE(shiftTab.matches(press(EvKeyCode::Tab)));
-    EXPECT_FALSE(
-        shiftTab.matches(press(EvKeyCode::Tab, EvKeyboardState::Shift | EvKeyboardState::Control)));
-    EXPECT_FALSE(shiftTab.matches(press(EvKeyCode::Return, EvKeyboardState::Shift)));
+    EXPECT_FALSE(shiftTab.matches(press(EvKeyCode::Tab, Shift | Ctrl)));
+    EXPECT_FALSE(shiftTab.matches(press(EvKeyCode::Return, Shift)));
     EvKeyReleaseEvent release;
     release.setTriggerKey(EvKeyCode::Tab);
-    release.setKeyboardState(EvKeyboardState(EvKeyboardState::Shift));
+    release.setKeyboardState(EvKeyboardState(Shift));
     EXPECT_FALSE(shiftTab.matches(release));
-    EXPECT_TRUE(UiHotkey(EvKeyCode::Tab, EvKeyboardState(EvKeyboardState::Shift), UiHotkey::Release)
-                    .matches(release));
+    EXPECT_TRUE(
+        UiHotkey(EvKeyCode::Tab, EvKeyboardState(Shift), UiHotkey::Release).matches(release));
+    EXPECT_EQ(UiHotkey(release),
+              UiHotkey(EvKeyCode::Tab, EvKeyboardState(Shift), UiHotkey::Release));
     EXPECT_FALSE(UiHotkey().matches(press(0)));
 }
 
 TEST(HotkeyXml, ReadsKeyStateAndType) {
-    XmlDocument doc(std::string("<Domain Name=\"d\">"
-                                "<Hotkey Action=\"a\" Key=\"Tab\" State=\"shift\" Type=\"Press\"/>"
-                                "<Hotkey Action=\"b\" Key=\"Return\" Modifiers=\"ctrl\" "
-                                "Type=\"Release\"/>"
-                                "<Hotkey Action=\"c\" State=\"shift\" Type=\"Press\"/>"
-                                "<Hotkey Action=\"d\" Key=\"Tab\" Type=\"Sometimes\"/>"
-                                "</Domain>"),
+    EXPECT_EQ(readElement("<Hotkey Action='a' Key='Tab' State='shift' Type='Press'/>"),
+              UiHotkey(EvKeyCode::Tab, EvKeyboardState(Shift)));
+    EXPECT_EQ(readElement("<Hotkey Action='b' Key='return' State='Ctrl' Type='Release'/>"),
+              UiHotkey(EvKeyCode::Return, EvKeyboardState(Ctrl), UiHotkey::Release));
+    EXPECT_EQ(readElement("<Hotkey Action='c' Key='F5' Type='Press'/>"),
+              UiHotkey(EvKeyCode::functionKey(5), EvKeyboardState()));
+    // An empty key is no key: a binding that a domain drops.
+    EXPECT_TRUE(readElement("<Hotkey Action='d' Key='' Type='Press'/>").isEmpty());
+}
+
+TEST(HotkeyXml, MissingKeyOrTypeIsIncompleteAndUnknownWordsUndefined) {
+    XmlDocument doc("<Domain Name='d'>"
+                    "<Hotkey Action='a' State='shift' Type='Press'/>"
+                    "<Hotkey Action='b' Key='Tab'/>"
+                    "<Hotkey Action='c' Key='Tab' Type='Sometimes'/>"
+                    "<Hotkey Action='d' Key='NoSuchKey' Type='Press'/>"
+                    "<Hotkey Action='e' Key='Tab' State='hyper' Type='Press'/>"
+                    "</Domain>",
                     "hotkeys");
-    auto children = doc.getRoot().getChildren();
-    ASSERT_EQ(children.size(), 4u);
-    UiHotkey h;
-    h.read(children[0]);
-    EXPECT_EQ(h, UiHotkey(EvKeyCode::Tab, EvKeyboardState(EvKeyboardState::Shift)));
-    h.read(children[1]);
-    EXPECT_EQ(h, UiHotkey(EvKeyCode::Return, EvKeyboardState(EvKeyboardState::Control),
-                          UiHotkey::Release));
-    UiHotkey kept = h;
-    try {
-        h.read(children[2]);
-        FAIL() << "no exception";
-    } catch (UiExIncompleteHotkey const& e) {
-        EXPECT_EQ(e.getReason(), "Error, unexpected end of resource specification ");
+    auto const children = doc.getRoot().getChildren();
+    UiHotkey const kept(EvKeyCode::Escape, EvKeyboardState(Alt), UiHotkey::Release);
+    UiHotkey h = kept;
+    for (int i : {0, 1}) {
+        try {
+            h.read(children[i]);
+            FAIL() << "no exception for element " << i;
+        } catch (EvEx const& e) { // UiExIncompleteHotkey is an event error
+            EXPECT_EQ(e.getReason(), "Error, unexpected end of resource specification ");
+            EXPECT_NE(dynamic_cast<UiExIncompleteHotkey const*>(&e), nullptr);
+        }
     }
-    EXPECT_THROW(h.read(children[3]), UiExIncompleteHotkey);
+    for (int i : {2, 3, 4})
+        EXPECT_THROW(h.read(children[i]), EvUndefinedRelation) << "element " << i;
     EXPECT_EQ(h, kept);
 }
 
-TEST(HotkeyStream, DumpReadsBack) {
-    UiHotkey h(EvKeyCode::Escape, EvKeyboardState(EvKeyboardState::Alt), UiHotkey::Release);
+TEST(HotkeyXml, WritesStateOnlyWithModifiersAndReadsBack) {
+    std::ostringstream xml;
+    {
+        XmlWriter writer(xml);
+        XmlWriter::ElementGuard root(writer, "Domain");
+        {
+            XmlWriter::ElementGuard plain(writer, "Hotkey");
+            UiHotkey(EvKeyCode::Delete, EvKeyboardState()).write(writer);
+        }
+        {
+            XmlWriter::ElementGuard modified(writer, "Hotkey");
+            UiHotkey(EvKeyCode::A + 2, EvKeyboardState(Shift | Ctrl), UiHotkey::Release)
+                .write(writer);
+        }
+    }
+    std::string const text = xml.str();
+    EXPECT_NE(text.find("Key=\"Delete\" Type=\"Press\""), std::string::npos) << text;
+    EXPECT_NE(text.find("Key=\"C\" State=\"shift+ctrl\" Type=\"Release\""), std::string::npos)
+        << text;
+    XmlDocument back(text, "written");
+    auto const children = back.getRoot().getChildren();
+    ASSERT_EQ(children.size(), 2u);
+    UiHotkey h;
+    h.read(children[1]);
+    EXPECT_EQ(h, UiHotkey(EvKeyCode::A + 2, EvKeyboardState(Shift | Ctrl), UiHotkey::Release));
+}
+
+TEST(HotkeyStream, DumpReadsBackAndBadStreamsAreReported) {
+    UiHotkey h(EvKeyCode::Escape, EvKeyboardState(Alt), UiHotkey::Release);
     std::stringstream s;
     h.dump(s);
     EXPECT_EQ(s.str(), "alt+Escape Release");
     UiHotkey back;
     back.read(s);
+    EXPECT_EQ(back, h);
+
+    std::istringstream truncated("ctrl+C");
+    EXPECT_THROW(back.read(truncated), UiExIncompleteHotkey);
+    std::istringstream badWord("ctrl+C Hold");
+    EXPECT_THROW(back.read(badWord), EvUndefinedRelation);
     EXPECT_EQ(back, h);
 }

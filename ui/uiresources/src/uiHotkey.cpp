@@ -4,30 +4,58 @@
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
+#include <algorithm>
+#include <cctype>
 #include <istream>
 #include <ostream>
 
 namespace Zr {
 
 namespace {
-constexpr char const* PressWord = "Press";
-constexpr char const* ReleaseWord = "Release";
 
-int keyFromName(std::string const& name) {
-    int key = EvKeyCode::fromString(name);
-    if (key < 0)
-        throw UiExIncompleteHotkey(__FILE__, __LINE__, "Error, unknown key name \"" + name + "\"");
-    return key;
+char const* const IncompleteText = "Error, unexpected end of resource specification ";
+
+// The type words, looked up as exact words like a dictionary of relations.
+struct TypeWord {
+    UiHotkey::Type type;
+    char const* word;
+};
+constexpr TypeWord typeWords[] = {{UiHotkey::Press, "Press"}, {UiHotkey::Release, "Release"}};
+
+struct ClickName {
+    int key;
+    char const* name;
+};
+constexpr ClickName clickNames[] = {{UiHotkey::LeftClick, "LeftClick"},
+                                    {UiHotkey::MiddleClick, "MiddleClick"},
+                                    {UiHotkey::RightClick, "RightClick"}};
+
+bool equalsIgnoringCase(std::string const& a, char const* b) {
+    std::string const other(b);
+    return a.size() == other.size() &&
+           std::equal(a.begin(), a.end(), other.begin(), [](char x, char y) {
+               return std::tolower(static_cast<unsigned char>(x)) ==
+                      std::tolower(static_cast<unsigned char>(y));
+           });
 }
 
-UiHotkey::Type typeFromWord(std::string const& word) {
-    if (word.empty() || word == PressWord)
-        return UiHotkey::Press;
-    if (word == ReleaseWord)
-        return UiHotkey::Release;
-    throw UiExIncompleteHotkey(__FILE__, __LINE__, "Error, unknown hotkey type \"" + word + "\"");
+EvKeyboardState modifiersFromString(std::string const& text) {
+    EvKeyboardState state;
+    if (!state.fromString(text))
+        throw EvUndefinedRelation(__FILE__, __LINE__, "Undefined modifier in \"" + text + "\"");
+    return state;
 }
+
 } // namespace
+
+UiExIncompleteHotkey::UiExIncompleteHotkey(char const* file, int line) : EvEx(file, line) {
+    setReason(IncompleteText);
+}
+
+UiExIncompleteHotkey::UiExIncompleteHotkey(char const* file, int line, std::string const& reason)
+    : EvEx(file, line) {
+    setReason(reason);
+}
 
 UiHotkey::UiHotkey(EvKeyEvent const& event)
     : _key(event.getTriggerKey()), _state(event.getKeyboardState()),
@@ -50,34 +78,66 @@ std::string const& UiHotkey::getSeparator() {
     return separator;
 }
 
+UiHotkey::Type UiHotkey::typeFromString(std::string const& word) {
+    for (TypeWord const& t : typeWords)
+        if (word == t.word)
+            return t.type;
+    throw EvUndefinedRelation(__FILE__, __LINE__, "Undefined hotkey type \"" + word + "\"");
+}
+
+std::string UiHotkey::typeToString(Type type) {
+    for (TypeWord const& t : typeWords)
+        if (type == t.type)
+            return t.word;
+    throw EvUndefinedRelation(__FILE__, __LINE__,
+                              "Undefined hotkey type " + std::to_string(static_cast<int>(type)));
+}
+
+std::string UiHotkey::keyToString(int key) {
+    for (ClickName const& c : clickNames)
+        if (key == c.key)
+            return c.name;
+    return EvKeyCode::toString(key);
+}
+
+int UiHotkey::keyFromString(std::string const& name) {
+    if (name.empty() || equalsIgnoringCase(name, EvKeyCode::toString(EvKeyCode::NoKey).c_str()))
+        return EvKeyCode::NoKey;
+    for (ClickName const& c : clickNames)
+        if (equalsIgnoringCase(name, c.name))
+            return c.key;
+    int key = EvKeyCode::fromString(name);
+    if (key < 0)
+        throw EvUndefinedRelation(__FILE__, __LINE__, "Undefined key name \"" + name + "\"");
+    return key;
+}
+
 std::string UiHotkey::toString() const {
-    std::string key = EvKeyCode::toString(_key);
+    std::string key = keyToString(_key);
     if (_state.getState() == 0)
         return key;
     return _state.toString() + getSeparator() + key;
 }
 
 std::string UiHotkey::typeToStr() const {
-    return _type == Release ? ReleaseWord : PressWord;
+    return typeToString(_type);
 }
 
 void UiHotkey::parseString(std::string const& text, EvKeyboardState& state, int& key) {
-    std::size_t sep = text.rfind(getSeparator());
-    // "Ctrl++" binds the "+" key: the last separator is then the key itself.
-    if (sep != std::string::npos && sep + 1 == text.size() && sep > 0)
-        sep = text.rfind(getSeparator(), sep - 1);
-    if (sep == std::string::npos || sep + 1 == text.size()) {
-        key = keyFromName(text);
+    std::string const& separator = getSeparator();
+    std::size_t sep = text.rfind(separator);
+    // "ctrl++" binds the "+" key: a separator at the very end is then the key itself, and the
+    // one before it ends the modifiers.
+    if (sep != std::string::npos && sep + separator.size() == text.size() && sep > 0)
+        sep = text.rfind(separator, sep - 1);
+    if (sep == std::string::npos || sep + separator.size() == text.size()) {
+        key = keyFromString(text);
         return;
     }
-    std::string modifiers = text.substr(0, sep);
-    int parsedKey = keyFromName(text.substr(sep + 1));
-    EvKeyboardState parsed;
-    if (!parsed.fromString(modifiers))
-        throw UiExIncompleteHotkey(__FILE__, __LINE__,
-                                   "Error, unknown modifier in hotkey \"" + text + "\"");
+    int const parsedKey = keyFromString(text.substr(sep + separator.size()));
+    EvKeyboardState const parsedState = modifiersFromString(text.substr(0, sep));
     key = parsedKey;
-    state = parsed;
+    state = parsedState;
 }
 
 UiHotkey UiHotkey::fromString(std::string const& text, Type type) {
@@ -88,24 +148,18 @@ UiHotkey UiHotkey::fromString(std::string const& text, Type type) {
 }
 
 void UiHotkey::read(XmlElement const& element) {
-    if (!element.hasAttribute("Key"))
-        throw UiExIncompleteHotkey(__FILE__, __LINE__,
-                                   "Error, unexpected end of resource specification ");
-    int key = keyFromName(element.getAttribute("Key"));
-    EvKeyboardState state;
-    std::string modifiers = element.hasAttribute("State") ? element.getAttribute("State")
-                                                          : element.getAttribute("Modifiers");
-    if (!modifiers.empty() && !state.fromString(modifiers))
-        throw UiExIncompleteHotkey(__FILE__, __LINE__,
-                                   "Error, unknown modifier \"" + modifiers + "\"");
-    Type type = typeFromWord(element.getAttribute("Type"));
+    if (!element.hasAttribute("Key") || !element.hasAttribute("Type"))
+        throw UiExIncompleteHotkey(__FILE__, __LINE__);
+    int const key = keyFromString(element.getAttribute("Key"));
+    EvKeyboardState const state = modifiersFromString(element.getAttribute("State"));
+    Type const type = typeFromString(element.getAttribute("Type"));
     _key = key;
     _state = state;
     _type = type;
 }
 
 void UiHotkey::write(XmlWriter& writer) const {
-    writer.writeAttrib("Key", EvKeyCode::toString(_key));
+    writer.writeAttrib("Key", keyToString(_key));
     if (_state.getState() != 0)
         writer.writeAttrib("State", _state.toString());
     writer.writeAttrib("Type", typeToStr());
@@ -114,9 +168,8 @@ void UiHotkey::write(XmlWriter& writer) const {
 void UiHotkey::read(std::istream& is) {
     std::string text, word;
     if (!(is >> text >> word))
-        throw UiExIncompleteHotkey(__FILE__, __LINE__,
-                                   "Error, unexpected end of resource specification ");
-    Type type = typeFromWord(word);
+        throw UiExIncompleteHotkey(__FILE__, __LINE__);
+    Type const type = typeFromString(word);
     *this = fromString(text, type);
 }
 

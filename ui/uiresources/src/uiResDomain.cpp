@@ -30,6 +30,15 @@ void UiResDomain::removeHotkey(std::string const& action, UiHotkey const& hotkey
 }
 
 void UiResDomain::read(XmlElement const& element) {
+    read(element, [&element](XmlElement const&, ExBase const&) {
+        // Reported as a resource error, so that a table read goes on after it.
+        XmlElement domain =
+            element.getNodeName() == "Domain" ? element : element.getElementByTagName("Domain");
+        throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, domain);
+    });
+}
+
+void UiResDomain::read(XmlElement const& element, BadHotkeyHandler const& onBadHotkey) {
     XmlElement domain =
         element.getNodeName() == "Domain" ? element : element.getElementByTagName("Domain");
     if (domain.isNull())
@@ -39,9 +48,12 @@ void UiResDomain::read(XmlElement const& element) {
         UiHotkey hotkey;
         try {
             hotkey.read(child);
-        } catch (UiExIncompleteHotkey const&) {
-            // Reported as a resource error, so that a table read goes on after it.
-            throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, domain);
+        } catch (UiExIncompleteHotkey const& error) {
+            onBadHotkey(child, error);
+            continue;
+        } catch (EvUndefinedRelation const& error) {
+            onBadHotkey(child, error);
+            continue;
         }
         if (hotkey.getKey() != 0)
             bindings.emplace(child.getAttribute("Action"), hotkey);
@@ -61,6 +73,8 @@ void UiResDomain::read(std::istream& is) {
         try {
             hotkey.read(is);
         } catch (UiExIncompleteHotkey const&) {
+            throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__);
+        } catch (EvUndefinedRelation const&) {
             throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__);
         }
         addHotkey(action, hotkey);

@@ -5,6 +5,7 @@
 #include "uiHotkey.h"
 #include "uiResource.h"
 
+#include <functional>
 #include <set>
 #include <string>
 #include <utility>
@@ -24,10 +25,18 @@ public:
     ~UiResDomain() override = default;
 
     char const* getType() const override { return "Domain"; }
+    // Told of a Hotkey element that could not be read, with the error it raised.
+    using BadHotkeyHandler = std::function<void(XmlElement const& hotkey, ExBase const& error)>;
+
     // Takes the element itself when it is a Domain, else its first Domain child (missing:
     // ExIncompleteResource). The bindings read replace those held; hotkeys without a key are
-    // skipped, and a Hotkey element that names no key raises ExIncompleteResource.
+    // skipped, and a Hotkey element that can't be read raises ExIncompleteResource, so that a
+    // table reader reports the resource and goes on.
     void read(XmlElement const& element) override;
+    // The same, except that each Hotkey element that can't be read goes to `onBadHotkey` and is
+    // skipped, and the others are read: a hotkey file keeps every good binding.
+    void read(XmlElement const& element, BadHotkeyHandler const& onBadHotkey);
+    // A hotkey that can't be read raises ExIncompleteResource.
     void read(std::istream& is) override;
     void write(XmlWriter& writer, bool flag) const override;
     void write(std::ostream& os, bool flag) const override;

@@ -65,9 +65,13 @@ void UiToolkitInit::init() {
 
     MsgFileGuard messages("uitoolkit.msg");
     UiWidget::PointerFocusFrameEnabled = UiToolkitSettings::isPointerFocusFrameEnabled();
-    // The hotkey entries are known without graphics too, so that windows can bind them.
+    // The hotkey entries are known without graphics too, so that windows can bind them: the
+    // default bindings, then the entries of the "/Global" actions the widgets use.
+    UiHotkeyRegistry& hotkeys = UiHotkeyRegistry::getInstance();
+    hotkeys.registerDefaultHotkeys();
+    UiGlobalHotkeys::cache(hotkeys);
     UiWindowImp::StencilHotkeyEntry =
-        UiHotkeyRegistry::getInstance().getEntry(LiString("Toggle Stencil Mode"));
+        hotkeys.getEntry(UiHotkeyRegistry::GlobalDomain, "Toggle Stencil Mode");
     // Definitions can be built without graphics too, so the factories are always there.
     UiWidgetFactory::registerToolkitFactories();
     if (!WsTestGfx::isNoGraphicsRequested()) {
