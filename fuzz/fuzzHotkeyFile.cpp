@@ -58,9 +58,8 @@ void checkMaps(UiHotkeyRegistry const& registry) {
 
 void checkDispatch(UiHotkeyRegistry& registry) {
     std::map<int, int> calls;
-    CbFunction<EvEvent> handler([&calls](EvEvent& event) {
-        ++calls[dynamic_cast<EvHotkeyEvent&>(event).getEntry()];
-    });
+    CbFunction<EvEvent> handler(
+        [&calls](EvEvent& event) { ++calls[dynamic_cast<EvHotkeyEvent&>(event).getEntry()]; });
     for (auto const& [path, entry] : registry.getEntryMap())
         registry.addHotkeyHandler(entry, &handler);
     for (auto it = registry.getHotkeyMap().begin(); it != registry.getHotkeyMap().end();
@@ -69,9 +68,8 @@ void checkDispatch(UiHotkeyRegistry& registry) {
         calls.clear();
         EvKeyPressEvent press;
         EvKeyReleaseEvent release;
-        EvKeyEvent& key = hotkey.getType() == UiHotkey::Release
-                              ? static_cast<EvKeyEvent&>(release)
-                              : static_cast<EvKeyEvent&>(press);
+        EvKeyEvent& key = hotkey.getType() == UiHotkey::Release ? static_cast<EvKeyEvent&>(release)
+                                                                : static_cast<EvKeyEvent&>(press);
         key.setTriggerKey(hotkey.getKey());
         key.setKeyboardState(hotkey.getKeyState());
         registry.processEvent(key);
