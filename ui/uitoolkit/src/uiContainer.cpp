@@ -51,6 +51,8 @@ UiContainer::UiContainer(UiContainer* parent, LiString const& name)
 }
 
 UiContainer::~UiContainer() {
+    // A plug-in may still hold the stored interface: it must not point here any longer.
+    releaseInterface();
     if (_tabbingEnabled) {
         UiHotkeyRegistry& registry = UiHotkeyRegistry::getInstance();
         registry.unregisterHandler(PreviousControl, &_registryHandler);

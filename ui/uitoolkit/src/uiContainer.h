@@ -5,6 +5,8 @@
 
 #include "uiWidget.h"
 
+#include "piWidget.h"
+
 #include "iterator.h"
 #include "prdPredicate.h"
 
@@ -88,6 +90,16 @@ public:
     // 1 when opaque children cover the whole canvas, so background and user draw are skipped.
     int computeCanvasHidden() const;
 
+    // The container's plug-in interface: the one stored with setInterface, or a new
+    // UiContainerAdapter stored on first use, so that every call returns the same object.
+    RCShdPtr<PiWidget> retrieveInterface() override;
+    // Stores the interface that retrieveInterface returns; null clears it. An adapter of this
+    // container stored here does not count as a reference to it (the container and its adapter
+    // would otherwise keep each other alive): it lives as long as the container, and a plug-in
+    // that keeps it past the container's end finds it detached (see UiWidgetAdapter).
+    void setInterface(RCShdPtr<PiWidget> const& iface);
+    RCShdPtr<PiWidget> const& getInterface() const { return _interface; }
+
     // Overrides of UiWidget.
     UiWidget* findWidgetAt(GePoint2<int> const& p) override;
     void expose(GeRectangle<int> const& clip, GePoint2<int> const& origin) override;
@@ -135,6 +147,8 @@ private:
     void restack(UiWidget* child, Move move);
     void resizeChildren();
     static TabUnitFinder _tabUnitFinder;
+    // Detaches and drops the stored interface; run first by the destructor.
+    void releaseInterface();
 
     UPtr<Children> _children;
     CbMethod<UiContainer, EvEvent> _keyPressHandler;
@@ -148,6 +162,7 @@ private:
     bool _shadedBackground = false;
     int _tabIndex = -1;
     bool _transferCursor = false;
+    RCShdPtr<PiWidget> _interface;
 };
 
 } // namespace Zr

@@ -12,6 +12,7 @@
 
 namespace Zr {
 
+class PiWidget;
 class SmStateObject;
 class UiContainer;
 class UiDragAndDrop;
@@ -271,6 +272,14 @@ public:
     // Fires the reposition or tooltip dispatcher; for subclasses that report such changes.
     void fireReposition(EvEvent& event);
     void fireTooltip(EvEvent& event);
+
+    // --- plug-in interface -----------------------------------------------------------------
+    // What plug-ins see of this widget: the base makes a UiWidgetAdapter on the spot (it
+    // counts as a reference to the widget); classes with an adapter of their own override it.
+    virtual RCShdPtr<PiWidget> retrieveInterface();
+    // The widget behind an interface; null for null, for an interface that is no widget
+    // adapter, or for a container's adapter that outlived its container.
+    static RCShdPtr<UiWidget> fromInterface(RCShdPtr<PiWidget> const& iface);
 
     // --- drag and drop --------------------------------------------------------------------
     void setDndObject(RCShdPtr<UiDragAndDrop> const& dnd);

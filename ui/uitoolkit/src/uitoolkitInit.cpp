@@ -6,6 +6,7 @@
 #include "uiArmStack.h"
 #include "uiColorRegistry.h"
 #include "uiContainer.h"
+#include "uiExternalWidgetFactory.h"
 #include "uiFrame.h"
 #include "uiHotkeyRegistry.h"
 #include "uiLogGroups.h"
@@ -74,6 +75,7 @@ void UiToolkitInit::init() {
         hotkeys.getEntry(UiHotkeyRegistry::GlobalDomain, "Toggle Stencil Mode");
     // Definitions can be built without graphics too, so the factories are always there.
     UiWidgetFactory::registerToolkitFactories();
+    UiExternalWidgetFactory::registerFactory();
     if (!WsTestGfx::isNoGraphicsRequested()) {
         // Real windows when a display opens; otherwise the headless windows stay, and the
         // toolkit still works without pixels.
@@ -92,6 +94,7 @@ void UiToolkitInit::exit() {
     // SDL goes once its windows are gone; a window kept alive past the exit keeps it open.
     if (WsSdl::isActive() && WsWinMgr::getInstance().getNbWindows() == 0)
         WsSdl::shutdown();
+    UiExternalWidgetFactory::unregisterFactory();
     UiLogGroups::setUiEvents(nullptr);
     eventsGroup().reset();
     UiArmStack::checkEmpty();
