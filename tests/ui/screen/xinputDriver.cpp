@@ -1,0 +1,94 @@
+// XInputDriver over Xlib and XTest; without XTest at build time the driver is never usable.
+#include "xinputDriver.h"
+
+#ifdef ZR_HAVE_XTEST
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+#endif
+
+namespace Zr::XInputTest {
+
+#ifdef ZR_HAVE_XTEST
+
+namespace {
+Display* dpy(void* d) {
+    return static_cast<Display*>(d);
+}
+} // namespace
+
+XInputDriver::XInputDriver() {
+    Display* display = XOpenDisplay(nullptr);
+    if (!display) {
+        _problem = "no X display";
+        return;
+    }
+    _display = display;
+    int eventBase = 0, errorBase = 0, major = 0, minor = 0;
+    if (!XTestQueryExtension(display, &eventBase, &errorBase, &major, &minor)) {
+        _problem = "the X server has no XTest extension";
+        return;
+    }
+    _usable = true;
+}
+
+XInputDriver::~XInputDriver() {
+    if (_display)
+        XCloseDisplay(dpy(_display));
+}
+
+void XInputDriver::moveTo(int x, int y) {
+    XTestFakeMotionEvent(dpy(_display), -1, x, y, CurrentTime);
+    XFlush(dpy(_display));
+}
+
+void XInputDriver::button(int button, bool down) {
+    XTestFakeButtonEvent(dpy(_display), static_cast<unsigned>(button), down ? True : False,
+                         CurrentTime);
+    XFlush(dpy(_display));
+}
+
+void XInputDriver::key(char const* keysymName, bool down) {
+    KeySym sym = XStringToKeysym(keysymName);
+    KeyCode code = XKeysymToKeycode(dpy(_display), sym);
+    if (code == 0)
+        return;
+    XTestFakeKeyEvent(dpy(_display), code, down ? True : False, CurrentTime);
+    XFlush(dpy(_display));
+}
+
+void XInputDriver::sync() {
+    XSync(dpy(_display), False);
+}
+
+bool XInputDriver::queryPointer(int& x, int& y, unsigned long& window) {
+    Display* d = dpy(_display);
+    Window root = 0, child = 0;
+    int wx = 0, wy = 0;
+    unsigned mask = 0;
+    if (!XQueryPointer(d, DefaultRootWindow(d), &root, &child, &x, &y, &wx, &wy, &mask))
+        return false;
+    window = child;
+    return true;
+}
+
+void XInputDriver::focus(unsigned long window) {
+    XSetInputFocus(dpy(_display), static_cast<Window>(window), RevertToParent, CurrentTime);
+    XSync(dpy(_display), False);
+}
+
+#else
+
+XInputDriver::XInputDriver() : _problem("built without XTest") {}
+XInputDriver::~XInputDriver() = default;
+void XInputDriver::moveTo(int, int) {}
+void XInputDriver::button(int, bool) {}
+void XInputDriver::key(char const*, bool) {}
+void XInputDriver::sync() {}
+bool XInputDriver::queryPointer(int&, int&, unsigned long&) {
+    return false;
+}
+void XInputDriver::focus(unsigned long) {}
+
+#endif
+
+} // namespace Zr::XInputTest

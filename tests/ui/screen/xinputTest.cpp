@@ -1,0 +1,249 @@
+// Input from the X server itself, made with XTest, through SDL and the toolkit's loop: a click
+// gives keyboard focus and Tab moves it on; a press, a drag past the threshold and a release
+// carry a string from a source to a target. Skipped without a display or without XTest.
+#include "xinputDriver.h"
+
+#include "drSrcSink.h"
+#include "snItemConvert.h"
+#include "uiApplication.h"
+#include "uiContainer.h"
+#include "uiDragAndDrop.h"
+#include "uiFocusKeyboard.h"
+#include "uiGestureRecogniser.h"
+#include "uiGrab.h"
+#include "uiTopLevel.h"
+#include "uiTransporter.h"
+#include "uiWidget.h"
+
+#include "wsSdl.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+using namespace Zr;
+using Zr::XInputTest::XInputDriver;
+
+namespace {
+
+DtTimeIndex inMs(int ms) {
+    return DtRefTimeFactory::now() + std::int64_t(ms) * 1000;
+}
+
+// Gives a string to drags and takes strings from drops, counting each call.
+class StringSink : public DrSrcSink {
+public:
+    explicit StringSink(std::string give = {}) : _give(std::move(give)) {}
+    bool willPopulateSelection() override { return !_give.empty(); }
+    void populateSelection(DrCarrier& carrier) override {
+        ++populated;
+        carrier.getSelection()->addItem(SnItemConvert<std::string>::createItem(_give));
+    }
+    bool willConsumeSelection(DrCarrier const& carrier) override {
+        return !carrier.getSelection()->isEmpty();
+    }
+    bool consumeSelection(DrCarrier& carrier) override {
+        for (auto const& item : *carrier.getSelection())
+            if (SnItemConvert<std::string>::test(item))
+                consumed.push_back(SnItemConvert<std::string>::get(item));
+        return true;
+    }
+    void dropCompleted(DrCarrier&) override { ++completed; }
+    void operationCancelled(DrCarrier&) override { ++cancelled; }
+
+    int populated = 0;
+    int completed = 0;
+    int cancelled = 0;
+    std::vector<std::string> consumed;
+
+private:
+    std::string _give;
+};
+
+class XInputFixture : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (!WsSdl::isActive())
+            GTEST_SKIP() << "No display: " << WsSdl::getLastError();
+        if (!_x.isUsable())
+            GTEST_SKIP() << "No XTest: " << _x.getProblem();
+        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({100, 420, 100, 320});
+        style.setMainWindow(false);
+        _top = UiTopLevel::create("xinput test", nullptr, style);
+        _top->show();
+        pumpFor(200);
+        locateWindow();
+    }
+    void TearDown() override {
+        if (!_top)
+            return;
+        if (RCShdPtr<UiTransporter> t = UiApplication::getInstance().getCurrentTransporter())
+            t->cancel();
+        UiGrab::pointer().clear();
+        UiFocusKeyboard::getInstance().setFocus(static_cast<UiWidget*>(nullptr));
+        UiApplication::getInstance().clearCurrentWindow();
+        _top->getRootContainer()->removeChildren();
+        _top = nullptr;
+        pumpFor(50);
+    }
+
+    // Where window point (0, 0) lies on the screen: the pointer is warped to a known window
+    // point and the server asked where it went. The window under it gets the keyboard.
+    void locateWindow() {
+        _top->getOSWindow()->warpPointer(WarpX, WarpY);
+        _x.sync();
+        pumpFor(50);
+        int rx = 0, ry = 0;
+        unsigned long window = 0;
+        ASSERT_TRUE(_x.queryPointer(rx, ry, window));
+        _originX = rx - WarpX;
+        _originTop = ry + WarpY; // screen y of window y 0, which is the bottom row
+        if (window)
+            _x.focus(window);
+        pumpFor(50);
+    }
+
+    // Window coordinates (y up) to the screen's (y down).
+    void moveTo(int x, int y) {
+        _x.moveTo(_originX + x, _originTop - y);
+        _x.sync();
+        pumpFor(30);
+    }
+    void button(bool down) {
+        _x.button(1, down);
+        _x.sync();
+        pumpFor(30);
+    }
+    void key(char const* name) {
+        _x.key(name, true);
+        _x.key(name, false);
+        _x.sync();
+    }
+
+    // The loop by hand: dispatch what arrives and redraw, for `ms`.
+    void pumpFor(int ms) {
+        pumpUntil([] { return false; }, ms);
+    }
+    // The same until `done` holds; returns whether it did before `ms` ran out.
+    bool pumpUntil(std::function<bool()> const& done, int ms) {
+        UiApplication& app = UiApplication::getInstance();
+        DtTimeIndex const until = inMs(ms);
+        do {
+            while (OPtr<EvEvent> e = app.getNextEvent(inMs(5)))
+                app.processEvent(*e);
+            std::vector<UiWindow*> windows;
+            for (auto const& [os, ui] : app.getWindowTable())
+                windows.push_back(ui);
+            for (UiWindow* ui : windows)
+                ui->redraw();
+            if (done())
+                return true;
+        } while (DtRefTimeFactory::now() < until);
+        return done();
+    }
+
+    static constexpr int WarpX = 5, WarpY = 5;
+    XInputDriver _x;
+    RCShdPtr<UiTopLevel> _top;
+    int _originX = 0;
+    int _originTop = 0;
+};
+
+using XInputFocus = XInputFixture;
+using XInputDragAndDrop = XInputFixture;
+
+TEST_F(XInputFocus, AClickGivesKeyboardFocusAndTabMovesItOn) {
+    RCShdPtr<UiContainer> panel = UiContainer::create(_top->getRootContainer().get(), "panel");
+    panel->setRect({0, 320, 0, 220});
+    RCShdPtr<UiWidget> first = UiWidget::create(panel.get(), "first");
+    first->setRect({20, 100, 120, 160});
+    RCShdPtr<UiWidget> second = UiWidget::create(panel.get(), "second");
+    second->setRect({20, 100, 40, 80});
+    panel->setTabbingEnabled(true);
+    pumpFor(50);
+    UiFocusKeyboard& focus = UiFocusKeyboard::getInstance();
+
+    moveTo(60, 60);
+    button(true);
+    button(false);
+    ASSERT_TRUE(pumpUntil([&] { return focus.getFocus() == second.get(); }, 2000))
+        << "focus: " << (focus.getFocus() ? focus.getFocus()->getName().str() : "none");
+
+    key("Tab");
+    EXPECT_TRUE(pumpUntil([&] { return focus.getFocus() == first.get(); }, 2000))
+        << "focus: " << (focus.getFocus() ? focus.getFocus()->getName().str() : "none");
+    key("Tab");
+    EXPECT_TRUE(pumpUntil([&] { return focus.getFocus() == second.get(); }, 2000));
+    panel->setTabbingEnabled(false);
+}
+
+TEST_F(XInputDragAndDrop, APressADragAndAReleaseCarryTheStringToTheTarget) {
+    UiContainer* root = _top->getRootContainer().get();
+    RCShdPtr<UiWidget> source = UiWidget::create(root, "source");
+    source->setRect({20, 80, 20, 80});
+    RCShdPtr<UiWidget> target = UiWidget::create(root, "target");
+    target->setRect({200, 260, 20, 80});
+    auto sourceSink = makeShared<StringSink>("carried");
+    auto targetSink = makeShared<StringSink>();
+    RCShdPtr<UiDragAndDrop> sourceDnd = UiDragAndDrop::create();
+    sourceDnd->setDndSrcSink(sourceSink);
+    sourceDnd->setDragEnabled(true);
+    source->setDndObject(sourceDnd);
+    source->setDragRecogniser(std::make_unique<UiGestureDrag>());
+    RCShdPtr<UiDragAndDrop> targetDnd = UiDragAndDrop::create();
+    targetDnd->setDndSrcSink(targetSink);
+    targetDnd->setDropEnabled(true);
+    target->setDndObject(targetDnd);
+    pumpFor(50);
+
+    moveTo(50, 50);
+    button(true);
+    // Within the threshold: still no drag.
+    moveTo(53, 50);
+    moveTo(55, 52);
+    EXPECT_FALSE(UiTransporter::isTransporting());
+    moveTo(70, 50);
+    EXPECT_TRUE(pumpUntil([] { return UiTransporter::isTransporting(); }, 2000));
+    for (int x = 100; x <= 230; x += 30)
+        moveTo(x, 50);
+    button(false);
+    ASSERT_TRUE(pumpUntil([&] { return !targetSink->consumed.empty(); }, 2000));
+    pumpFor(50);
+
+    EXPECT_EQ(targetSink->consumed, std::vector<std::string>{"carried"});
+    EXPECT_EQ(sourceSink->populated, 1);
+    EXPECT_EQ(sourceSink->completed, 1);
+    EXPECT_EQ(sourceSink->cancelled, 0);
+    EXPECT_FALSE(UiTransporter::isTransporting());
+    EXPECT_EQ(UiGrab::pointer().getCurrent(), nullptr);
+}
+
+TEST_F(XInputDragAndDrop, EscapeFromTheKeyboardCancelsTheDrag) {
+    UiContainer* root = _top->getRootContainer().get();
+    RCShdPtr<UiWidget> source = UiWidget::create(root, "source");
+    source->setRect({20, 80, 20, 80});
+    auto sourceSink = makeShared<StringSink>("carried");
+    RCShdPtr<UiDragAndDrop> sourceDnd = UiDragAndDrop::create();
+    sourceDnd->setDndSrcSink(sourceSink);
+    sourceDnd->setDragEnabled(true);
+    source->setDndObject(sourceDnd);
+    source->setDragRecogniser(std::make_unique<UiGestureDrag>());
+    pumpFor(50);
+
+    moveTo(50, 50);
+    button(true);
+    moveTo(70, 50);
+    moveTo(150, 50);
+    ASSERT_TRUE(pumpUntil([] { return UiTransporter::isTransporting(); }, 2000));
+    key("Escape");
+    EXPECT_TRUE(pumpUntil([] { return !UiTransporter::isTransporting(); }, 2000));
+    button(false);
+    pumpFor(50);
+    EXPECT_EQ(sourceSink->cancelled, 1);
+    EXPECT_EQ(sourceSink->completed, 0);
+}
+
+} // namespace
