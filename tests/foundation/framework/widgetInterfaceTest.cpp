@@ -1,11 +1,8 @@
-// Tests of the plug-in widget interfaces' framework side: the registry of plug-in widget
-// factories and the numbering of the event types that plug-ins pass.
+// Tests of the registry of the widget factories that plug-ins supply: lookup by exact name, the
+// assertions of a second registration and of bad calls, and the ownership of the factories.
 #include "piExternalWidgetFactory.h"
-#include "piWidget.h"
 
 #include "exBase.h"
-#include "xmlDocument.h"
-#include "xmlElement.h"
 
 #include <gtest/gtest.h>
 
@@ -56,26 +53,6 @@ TEST(WidgetInterfaceRegistry, BadCallsFailAssertions) {
     EXPECT_THROW(PiExternalWidgetFactory::unregisterFactory("never"), ExAssertionFailed);
     EXPECT_THROW(PiExternalWidgetFactory::registerFactory("null", nullptr), ExAssertionFailed);
     EXPECT_EQ(PiExternalWidgetFactory::getFactory("null"), nullptr);
-}
-
-TEST(WidgetInterfaceRegistry, BaseMakesNoClientData) {
-    int alive = 0;
-    CountedFactory factory(&alive);
-    XmlDocument document(std::string("<ExternalWidget plugin=\"x\"/>"));
-    EXPECT_FALSE(factory.createClientData(nullptr, document.getRoot()));
-}
-
-TEST(WidgetInterfaceEvents, NumbersFollowTheWidgetCallbackOrder) {
-    // Plug-ins built against one version pass these numbers: they must not move.
-    EXPECT_EQ(PiWidget::Destroy, 0);
-    EXPECT_EQ(PiWidget::Lock, 3);
-    EXPECT_EQ(PiWidget::Arm, 5);
-    EXPECT_EQ(PiWidget::UnMap, 8);
-    EXPECT_EQ(PiWidget::KbdFocusOut, 12);
-    EXPECT_EQ(PiWidget::Reposition, 15);
-    EXPECT_EQ(PiWidget::KeyPress, 18);
-    EXPECT_EQ(PiWidget::Activate, 21);
-    EXPECT_EQ(PiWidget::Hotkey, 22);
 }
 
 } // namespace
