@@ -16,6 +16,7 @@
 #include "drCarrier.h"
 #include "drClipboard.h"
 #include "drSrcSink.h"
+#include "mfHotkeyRegistry.h"
 #include "piAnimInterface.h"
 #include "piCommandStack.h"
 #include "piCompositionGraphInterface.h"
