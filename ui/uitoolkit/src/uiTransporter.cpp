@@ -161,18 +161,23 @@ bool UiTransporter::startCommon(RCShdPtr<UiWidget> const& widget, EvEvent& event
     return _running;
 }
 
+bool UiTransporter::cancelOnGrabLost(EvEvent& event) {
+    if (!dynamic_cast<EvGrabLostEvent*>(&event))
+        return false;
+    // Someone else took the pointer: the drag can't go on.
+    if (!_releasing) {
+        _grabbing = false;
+        cancel();
+    }
+    return true;
+}
+
 void UiTransporter::processEvent(EvEvent& event) {
     RCShdPtr<UiTransporter> keep(this);
     if (!_running)
         return;
-    if (dynamic_cast<EvGrabLostEvent*>(&event)) {
-        // Someone else took the pointer: the drag can't go on.
-        if (!_releasing) {
-            _grabbing = false;
-            cancel();
-        }
+    if (cancelOnGrabLost(event))
         return;
-    }
     if (!dynamic_cast<EvDeviceEvent*>(&event))
         return;
     if (_dropGesture && _dropGesture->feed(event)) {
@@ -432,13 +437,8 @@ void UiTransporterPnS::processEvent(EvEvent& event) {
     RCShdPtr<UiTransporter> keep(this);
     if (!_running)
         return;
-    if (dynamic_cast<EvGrabLostEvent*>(&event)) {
-        if (!_releasing) {
-            _grabbing = false;
-            cancel();
-        }
+    if (cancelOnGrabLost(event))
         return;
-    }
     if (auto* down = dynamic_cast<EvPointerButtonDownEvent*>(&event)) {
         event.setProcessed();
         drop(*down);

@@ -115,6 +115,8 @@ protected:
     UiTransporter();
 
     // Shared by both modes: the source's Info, the grab, the cursors, the registration.
+    // A lost pointer grab ends the drag as a cancel; true when `event` was that loss.
+    bool cancelOnGrabLost(EvEvent& event);
     bool startCommon(RCShdPtr<UiWidget> const& widget, EvEvent& event,
                      RCShdPtr<UiWidget> const& source, bool withIcon);
     // A pointer move: new target, icon, hover alarm, dragOver and cursor.
