@@ -9,26 +9,60 @@
 namespace Zr {
 namespace {
 
+// The numbers the toolkit compares directly: the popup list's arrows, focus and dialog keys,
+// the keypad range of the hotkey registry's keypad switch, and the pointer buttons of click
+// hotkeys and the viewers' cursors.
 TEST(EvKeyCodeTest, FixedNumbersKeepTheirNames) {
-    EXPECT_EQ(EvKeyCode::Tab, 10);
-    EXPECT_EQ(EvKeyCode::Return, 11);
-    EXPECT_EQ(EvKeyCode::Escape, 15);
-    EXPECT_EQ(EvKeyCode::KP_Enter, 46);
-    EXPECT_EQ(EvKeyCode::Minus, 79);
-    EXPECT_EQ(EvKeyCode::Complete, 108);
-    EXPECT_EQ(EvKeyCode::toString(10), "Tab");
-    EXPECT_EQ(EvKeyCode::toString(11), "Return");
-    EXPECT_EQ(EvKeyCode::toString(15), "Escape");
-    EXPECT_EQ(EvKeyCode::toString(46), "KP_Enter");
-    EXPECT_EQ(EvKeyCode::toString(79), "Minus");
-    EXPECT_EQ(EvKeyCode::toString(108), "Complete");
+    struct Fixed {
+        int code;
+        int number;
+        char const* name;
+    };
+    Fixed const fixed[] = {
+        {EvKeyCode::Left, 1, "Left"},
+        {EvKeyCode::Up, 2, "Up"},
+        {EvKeyCode::Right, 3, "Right"},
+        {EvKeyCode::Down, 4, "Down"},
+        {EvKeyCode::Tab, 10, "Tab"},
+        {EvKeyCode::Return, 11, "Return"},
+        {EvKeyCode::Escape, 15, "Escape"},
+        {EvKeyCode::KP_Enter, 46, "KP_Enter"},
+        {EvKeyCode::Minus, 79, "Minus"},
+        {EvKeyCode::Complete, 108, "Complete"},
+        {EvKeyCode::LeftClick, 140, "LeftClick"},
+        {EvKeyCode::MiddleClick, 141, "MiddleClick"},
+        {EvKeyCode::RightClick, 142, "RightClick"},
+    };
+    for (Fixed const& f : fixed) {
+        EXPECT_EQ(f.code, f.number) << f.name;
+        EXPECT_EQ(EvKeyCode::toString(f.number), f.name);
+        EXPECT_EQ(EvKeyCode::fromString(f.name), f.number) << f.name;
+    }
+}
+
+TEST(EvKeyCodeTest, TheKeypadIsExactlyFortyToSixtySeven) {
+    for (int code = -1; code < EvKeyCode::MaxCode; ++code)
+        EXPECT_EQ(EvKeyCode::isKeypad(code), code >= 40 && code < 68) << code;
+    // Every keypad key's name lies in that range, and no other key does.
+    for (int code : EvKeyCode::getAllCodes()) {
+        bool const keypadName = EvKeyCode::toString(code).rfind("KP_", 0) == 0;
+        EXPECT_EQ(keypadName, EvKeyCode::isKeypad(code)) << EvKeyCode::toString(code);
+    }
+    EXPECT_FALSE(EvKeyCode::isKeypad(EvKeyCode::digit(0)));
+    EXPECT_FALSE(EvKeyCode::isKeypad(EvKeyCode::Minus));
+}
+
+TEST(EvKeyCodeTest, OnlyTheThreeButtonsArePointerButtons) {
+    for (int code = -1; code < EvKeyCode::MaxCode; ++code)
+        EXPECT_EQ(EvKeyCode::isPointerButton(code), code >= 140 && code <= 142) << code;
+    EXPECT_EQ(EvKeyCode::fromString("leftclick"), EvKeyCode::LeftClick);
 }
 
 TEST(EvKeyCodeTest, EveryNameRoundTripsInAnyCase) {
     std::vector<int> codes = EvKeyCode::getAllCodes();
-    // 9 modifiers, 12 editing, 8 navigation, 17 keypad, 10 digits, 12 punctuation, 9 commands,
-    // 26 letters, 24 function keys.
-    EXPECT_EQ(codes.size(), 127u);
+    // 8 navigation, 12 editing, 9 modifiers, 17 keypad, 12 punctuation, 10 digits, 9 commands,
+    // 26 letters, 3 pointer buttons, 24 function keys.
+    EXPECT_EQ(codes.size(), 130u);
     std::set<std::string> names;
     for (int code : codes) {
         EXPECT_GT(code, 0);
@@ -56,8 +90,12 @@ TEST(EvKeyCodeTest, RangesAndHelpersAgreeWithTheTable) {
     EXPECT_EQ(EvKeyCode::toString(EvKeyCode::functionKey(24)), "F24");
     EXPECT_EQ(EvKeyCode::functionKey(25), -1);
     EXPECT_EQ(EvKeyCode::toString(EvKeyCode::KP_0 + 9), "KP_9");
+    EXPECT_EQ(EvKeyCode::toString(EvKeyCode::digit(0)), "0");
+    EXPECT_EQ(EvKeyCode::toString(EvKeyCode::functionKey(1)), "F1");
+    EXPECT_TRUE(EvKeyCode::isModifier(EvKeyCode::Shift_L));
     EXPECT_TRUE(EvKeyCode::isModifier(EvKeyCode::Meta_R));
     EXPECT_FALSE(EvKeyCode::isModifier(EvKeyCode::CapsLock));
+    EXPECT_FALSE(EvKeyCode::isModifier(EvKeyCode::NumLock));
     EXPECT_TRUE(EvKeyCode::isKeypad(EvKeyCode::KP_Enter));
     EXPECT_EQ(EvKeyCode(EvKeyCode::Tab).toString(), "Tab");
 }

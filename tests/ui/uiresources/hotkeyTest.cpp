@@ -98,11 +98,14 @@ TEST(HotkeyText, TypeWordsAreExact) {
 
 TEST(HotkeyText, PointerButtonsAreKeysOfTheirOwn) {
     UiHotkey const middle = UiHotkey::fromString("MiddleClick");
-    EXPECT_EQ(middle.getKey(), UiHotkey::MiddleClick);
+    EXPECT_EQ(middle.getKey(), EvKeyCode::MiddleClick);
+    EXPECT_EQ(UiHotkey::fromString("LeftClick").getKey(), 140);
+    EXPECT_EQ(UiHotkey::fromString("RightClick").getKey(), 142);
     EXPECT_TRUE(UiHotkey::isClickKey(middle.getKey()));
     EXPECT_EQ(middle.toString(), "MiddleClick");
     EXPECT_EQ(UiHotkey::fromString("shift+leftclick").toString(), "shift+LeftClick");
     EXPECT_FALSE(UiHotkey::isClickKey(EvKeyCode::F1));
+    EXPECT_FALSE(UiHotkey::isClickKey(EvKeyCode::Z));
 }
 
 TEST(HotkeyOrder, ByKeyThenModifiersThenType) {

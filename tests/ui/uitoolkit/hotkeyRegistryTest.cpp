@@ -176,12 +176,16 @@ TEST(HotkeyRegistry, KeypadKeysCanBeLeftToTheWidgets) {
     int const enter = registry.addEntry("/Local/Test", "Keypad Enter",
                                         UiHotkey(EvKeyCode::KP_Enter, EvKeyboardState(Ctrl)));
     int const digit = registry.addEntry("/Local/Test", "Digit", UiHotkey::fromString("ctrl+7"));
+    // The keypad's range is 40 to 67, named keys or not; 39 and 68 are outside it.
+    int const lastOfPad = registry.addEntry("/Local/Test", "67", UiHotkey(67, EvKeyboardState()));
+    int const below = registry.addEntry("/Local/Test", "39", UiHotkey(39, EvKeyboardState()));
+    int const above = registry.addEntry("/Local/Test", "68", UiHotkey(68, EvKeyboardState()));
     int calls = 0;
     CbFunction<EvEvent> handler([&calls](EvEvent& e) {
         ++calls;
         e.setProcessed();
     });
-    for (int entry : {plus, enter, digit})
+    for (int entry : {plus, enter, digit, lastOfPad, below, above})
         registry.addHotkeyHandler(entry, &handler);
 
     registry.processKPHotkeyEvents(false);
@@ -190,18 +194,26 @@ TEST(HotkeyRegistry, KeypadKeysCanBeLeftToTheWidgets) {
     registry.processEvent(key);
     EvKeyPressEvent ctrlEnter = press(EvKeyCode::KP_Enter, Ctrl);
     registry.processEvent(ctrlEnter);
+    EvKeyPressEvent sixtySeven = press(67);
+    registry.processEvent(sixtySeven);
     EXPECT_EQ(calls, 0);
     EXPECT_FALSE(key.isProcessed());
     EXPECT_FALSE(ctrlEnter.isProcessed());
+    EXPECT_FALSE(sixtySeven.isProcessed());
     // Keys off the keypad still go to their hotkeys.
     EvKeyPressEvent seven = press(EvKeyCode::digit(7), Ctrl);
     registry.processEvent(seven);
     EXPECT_EQ(calls, 1);
     EXPECT_TRUE(seven.isProcessed());
+    EvKeyPressEvent thirtyNine = press(39);
+    registry.processEvent(thirtyNine);
+    EvKeyPressEvent sixtyEight = press(68);
+    registry.processEvent(sixtyEight);
+    EXPECT_EQ(calls, 3);
 
     registry.processKPHotkeyEvents(true);
     registry.processEvent(key);
-    EXPECT_EQ(calls, 2);
+    EXPECT_EQ(calls, 4);
     EXPECT_TRUE(key.isProcessed());
 }
 

@@ -22,14 +22,6 @@ struct TypeWord {
 };
 constexpr TypeWord typeWords[] = {{UiHotkey::Press, "Press"}, {UiHotkey::Release, "Release"}};
 
-struct ClickName {
-    int key;
-    char const* name;
-};
-constexpr ClickName clickNames[] = {{UiHotkey::LeftClick, "LeftClick"},
-                                    {UiHotkey::MiddleClick, "MiddleClick"},
-                                    {UiHotkey::RightClick, "RightClick"}};
-
 bool equalsIgnoringCase(std::string const& a, char const* b) {
     std::string const other(b);
     return a.size() == other.size() &&
@@ -94,18 +86,12 @@ std::string UiHotkey::typeToString(Type type) {
 }
 
 std::string UiHotkey::keyToString(int key) {
-    for (ClickName const& c : clickNames)
-        if (key == c.key)
-            return c.name;
     return EvKeyCode::toString(key);
 }
 
 int UiHotkey::keyFromString(std::string const& name) {
     if (name.empty() || equalsIgnoringCase(name, EvKeyCode::toString(EvKeyCode::NoKey).c_str()))
         return EvKeyCode::NoKey;
-    for (ClickName const& c : clickNames)
-        if (equalsIgnoringCase(name, c.name))
-            return c.key;
     int key = EvKeyCode::fromString(name);
     if (key < 0)
         throw EvUndefinedRelation(__FILE__, __LINE__, "Undefined key name \"" + name + "\"");

@@ -39,13 +39,11 @@ public:
 // `Key` and `Type` are required; `State` is optional (absent means no modifier) and is written
 // only when there is a modifier. `Type` is "Press" or "Release".
 //
-// Besides the keys of EvKeyCode, a hotkey can name a pointer button as its key ("LeftClick",
-// "MiddleClick", "RightClick"): such click hotkeys are bound like keys and never conflict.
+// A hotkey can name a pointer button as its key ("LeftClick", "MiddleClick", "RightClick", the
+// key table's codes 140 to 142): such click hotkeys are bound like keys and never conflict.
 class UiHotkey {
 public:
     enum Type { Press = 0, Release = 1 };
-    // The codes of the pointer buttons as hotkey keys; they lie beyond the keyboard's codes.
-    enum ClickKey { LeftClick = 170, MiddleClick = 171, RightClick = 172 };
 
     UiHotkey() = default;
     UiHotkey(int key, EvKeyboardState state, Type type = Press)
@@ -88,12 +86,13 @@ public:
     // The type of a word, "Press" or "Release" exactly; any other word raises EvUndefinedRelation.
     static Type typeFromString(std::string const& word);
     static std::string typeToString(Type type);
-    // A key's name, including the pointer buttons; "Unknown" for a code that names nothing.
+    // A key's name (EvKeyCode::toString); "Unknown" for a code that names nothing.
     static std::string keyToString(int key);
     // A key's code by name, case-insensitively; "" and "Unknown" give 0. Raises
     // EvUndefinedRelation for a name that names no key.
     static int keyFromString(std::string const& name);
-    static bool isClickKey(int key) { return key >= LeftClick && key <= RightClick; }
+    // Whether the key is a pointer button (EvKeyCode::LeftClick, MiddleClick or RightClick).
+    static bool isClickKey(int key) { return EvKeyCode::isPointerButton(key); }
 
     // Reads the attributes of a Hotkey element. A missing Key or Type raises
     // UiExIncompleteHotkey, an unknown name EvUndefinedRelation; the hotkey is left as it was.

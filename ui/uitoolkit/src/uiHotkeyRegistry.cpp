@@ -403,6 +403,7 @@ void UiHotkeyRegistry::processEvent(EvKeyEvent& event) {
     UiHotkey const pressed(event);
     if (pressed.isEmpty())
         return;
+    // The keypad's keys are the codes 40 to 67.
     if (!_processKPHotkeys && EvKeyCode::isKeypad(pressed.getKey()))
         return;
     // Collected first: a handler may rebind or remove entries.
@@ -464,7 +465,7 @@ bool UiHotkeyRegistry::isConflicting(int entry, UiHotkey const& hotkey,
 }
 
 bool UiHotkeyRegistry::isClickHotkey(UiHotkey const& hotkey) const {
-    return hotkey.getKeyState().getState() == 0 && UiHotkey::isClickKey(hotkey.getKey());
+    return hotkey.getKeyState().getState() == 0 && EvKeyCode::isPointerButton(hotkey.getKey());
 }
 
 int UiHotkeyRegistry::addInternalHotkey(std::string const& domainPath, std::string const& action,

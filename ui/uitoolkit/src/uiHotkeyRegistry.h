@@ -178,7 +178,7 @@ public:
     // Space and Tab, click hotkeys and the entry itself never conflict. On a conflict `message`
     // names the other entry by its path.
     bool isConflicting(int entry, UiHotkey const& hotkey, std::string& message) const;
-    // A pointer button without modifiers.
+    // A pointer button as key (LeftClick, MiddleClick, RightClick: 140 to 142) without modifiers.
     bool isClickHotkey(UiHotkey const& hotkey) const;
 
     // An entry kept out of the hotkey editor. With InternalDebug and ZR_USE_DEBUG_HOTKEYS unset
