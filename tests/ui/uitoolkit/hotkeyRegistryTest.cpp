@@ -258,3 +258,21 @@ TEST(HotkeyRegistry, RendersAnEntryForMenus) {
     EXPECT_EQ(registry.toString(copy, UiHotkeyRegistry::WholeHotkey), "");
     EXPECT_EQ(registry.toString(4711, UiHotkeyRegistry::WholeHotkey), "");
 }
+
+TEST(HotkeyRegistry, TheFrameworkReachesTheProcessWideRegistryThroughItsInterface) {
+    UiHotkeyRegistry& registry = UiHotkeyRegistry::getInstance();
+    MfHotkeyRegistry* framework = MfHotkeyRegistry::getInstance();
+    ASSERT_EQ(framework, &registry);
+
+    int const entry = framework->getEntry("/Global", "Toggle Stencil Mode");
+    ASSERT_NE(entry, 0);
+    std::vector<std::string> log;
+    Logger handler(log, "tool", true);
+    framework->addHotkeyHandler(entry, &handler);
+    EvKeyPressEvent key = press(EvKeyCode::functionKey(12), Ctrl | EvKeyboardState::Alt);
+    EXPECT_TRUE(framework->isHotkeyActivated(entry, key));
+    registry.processEvent(key);
+    framework->removeHotkeyHandler(entry, &handler);
+    EXPECT_TRUE(key.isProcessed());
+    EXPECT_EQ(log, std::vector<std::string>{"tool " + std::to_string(entry)});
+}

@@ -190,7 +190,11 @@ void UiHotkeyRegistry::HandlerList::callUntilProcessed(EvEvent& event) {
 }
 
 UiHotkeyRegistry& UiHotkeyRegistry::getInstance() {
-    return LkSingleton<UiHotkeyRegistry>::getInstance();
+    UiHotkeyRegistry& registry = LkSingleton<UiHotkeyRegistry>::getInstance();
+    // The framework's tools and viewers reach the process-wide registry through its interface.
+    if (MfHotkeyRegistry::getInstance() == nullptr)
+        MfHotkeyRegistry::setInstance(&registry);
+    return registry;
 }
 
 UiHotkeyRegistry::UiHotkeyRegistry() {

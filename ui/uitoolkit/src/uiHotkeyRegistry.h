@@ -6,6 +6,7 @@
 
 #include "zrBase.h"
 
+#include "mfHotkeyRegistry.h"
 #include "uiHotkey.h"
 
 #include <map>
@@ -33,7 +34,7 @@ class XmlDocument;
 // Observers are told of dynamic entries: an ObHints list with one DynamicHotkeyAdded or
 // DynamicHotkeyRemoved hint, or both (removed, then added) for a rename; always after the maps
 // are consistent again.
-class UiHotkeyRegistry : public ObSubject<UiHotkeyRegistry> {
+class UiHotkeyRegistry : public MfHotkeyRegistry, public ObSubject<UiHotkeyRegistry> {
 public:
     // (domain path, action), such as ("/Global", "Copy").
     using EntryPath = std::pair<std::string, std::string>;
@@ -90,7 +91,7 @@ public:
     HotkeyMap const& getHotkeyMap() const { return _hotkeyMap; }
 
     // The entry of (domain path, action); 0 when there is none.
-    int getEntry(std::string const& domainPath, std::string const& action) const;
+    int getEntry(std::string const& domainPath, std::string const& action) const override;
     // The entry of an action in any domain, the first in path order ("/Global" before "/Local");
     // 0 when there is none. Actions of the same name in several domains need the form above.
     int getEntry(LiString const& action) const;
@@ -111,7 +112,7 @@ public:
 
     // Whether the event is a key event that matches the entry's hotkey in key, modifiers and
     // type. A hotkey event matches the entry it was made for and any entry of the same hotkey.
-    bool isHotkeyActivated(int entry, EvEvent const& event) const;
+    bool isHotkeyActivated(int entry, EvEvent const& event) const override;
     bool isHotkeyActivated(std::string const& domainPath, std::string const& action,
                            EvEvent const& event) const;
 
@@ -142,8 +143,8 @@ public:
 
     // Handlers are called with an EvHotkeyEvent, in the order they were added. They are not
     // owned; a destroyed handler leaves the registry by itself. Unknown entries are ignored.
-    void addHotkeyHandler(int entry, CbHandler<EvEvent>* handler);
-    void removeHotkeyHandler(int entry, CbHandler<EvEvent>* handler);
+    void addHotkeyHandler(int entry, CbHandler<EvEvent>* handler) override;
+    void removeHotkeyHandler(int entry, CbHandler<EvEvent>* handler) override;
     // From all entries.
     void removeHotkeyHandler(CbHandler<EvEvent>* handler);
     int getNbHandlers(int entry) const;
