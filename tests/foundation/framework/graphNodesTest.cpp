@@ -394,5 +394,32 @@ TEST(GraphNodes, UserSettingsChooseTheValueEditorMotion) {
     settings.removeChangeCb(&changed);
 }
 
+TEST(GraphNodes, TimePathOfANodeFollowsItsGroupsFromTheTopDown) {
+    auto graph = makeShared<PiGraph>();
+    auto outer = graph->createGroupNode("Outer", makeShared<PiGroup>("Outer", 10.0, 1.0));
+    auto inner = graph->createGroupNode("Inner", makeShared<PiGroup>("Inner", 2.0, 0.5));
+    inner->setParentGroup(outer.get());
+    auto blur = graph->createNode("Blur");
+    blur->setParentGroup(inner.get());
+    auto top = graph->createNode("Transform");
+
+    RCShdPtr<PiTimePath> path = PiGraphUtils::getTimePath(RCShdPtr<PiNode const>(blur));
+    ASSERT_EQ(path->getPath()->getLength(), 2);
+    EXPECT_EQ(path->getPath()->getElement(0).get(), outer.get());
+    EXPECT_EQ(path->getPath()->getElement(1).get(), inner.get());
+    EXPECT_EQ(path->getTimeClient(), graph->getTimeClient());
+    // Global 20: the outer group gives 10, the inner one (10 - 2) * 0.5 = 4.
+    EXPECT_DOUBLE_EQ(path->getTime(20.0), 4.0);
+    graph->getTimeClient()->setTime(20.0);
+    EXPECT_DOUBLE_EQ(path->getTime(), 4.0);
+    double global = 0.0;
+    ASSERT_TRUE(path->getHeadTime(4.0, global));
+    EXPECT_DOUBLE_EQ(global, 20.0);
+
+    RCShdPtr<PiTimePath> topPath = PiGraphUtils::getTimePath(RCShdPtr<PiNode const>(top));
+    EXPECT_EQ(topPath->getPath()->getLength(), 0);
+    EXPECT_DOUBLE_EQ(topPath->getTime(20.0), 20.0);
+}
+
 } // namespace
 } // namespace Zr
