@@ -8,6 +8,9 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
+#include <string>
+#include <vector>
 
 using namespace Zr;
 using Interp = TmKeyframe::Interpolation;
@@ -278,4 +281,134 @@ TEST(CurveSimplify, KeysThatAreNotNumbersStay) {
     TcTimeCurveUtils::simplify(c, {1.0, 2.0}, 0.001, 0.001);
     ASSERT_NE(c.findKey(1.0), nullptr);
     EXPECT_TRUE(std::isnan(c.findKey(1.0)->getValue()));
+}
+
+TEST(CurveSimplify, ALongLineCollapsesToItsEndKeys) {
+    TcTimeCurve c;
+    auto times = sample(c, 100000, 4000.0, [](double t) { return 0.5 - 2.0 * t; });
+    EXPECT_EQ(TcTimeCurveUtils::simplify(c, times, 0.001, 0.001), 99998);
+    ASSERT_EQ(c.getNbKeys(), 2);
+    EXPECT_EQ(c.getKey(0).getTime(), 0.0);
+    EXPECT_EQ(c.getKey(1).getTime(), 4000.0);
+    EXPECT_NEAR(c.evaluate(1234.5), 0.5 - 2.0 * 1234.5, 1e-6);
+
+    // A key that is not a candidate stays, and the line collapses on either side of it.
+    TcTimeCurve d(Interp::Linear);
+    times = sample(d, 1001, 10.0, [](double t) { return t; });
+    times.erase(times.begin() + 300);
+    EXPECT_EQ(TcTimeCurveUtils::simplify(d, times, 0.001, 0.001), 998);
+    ASSERT_EQ(d.getNbKeys(), 3);
+    EXPECT_EQ(d.getKey(1).getTime(), 3.0);
+}
+
+namespace {
+
+bool agreesWithin(double a, double b, double tolerance) {
+    if (std::isnan(a) || std::isnan(b))
+        return std::isnan(a) && std::isnan(b);
+    return a == b || std::abs(a - b) <= tolerance;
+}
+
+// Keys equal in time, interpolation and value, a value that is not a number matching another.
+bool sameKey(TmKeyframe const& a, TmKeyframe const& b) {
+    return a.getTime() == b.getTime() && a.getInterpolation() == b.getInterpolation() &&
+           agreesWithin(a.getValue(), b.getValue(), 0.0);
+}
+
+// The original key times and the midpoints between them, where a simplified curve must agree.
+std::vector<double> checkTimes(TmTimeCurve const& c) {
+    std::vector<double> times;
+    for (int i = 0; i < c.getNbKeys(); ++i) {
+        times.push_back(c.getKey(i).getTime());
+        if (i + 1 < c.getNbKeys())
+            times.push_back(0.5 * (c.getKey(i).getTime() + c.getKey(i + 1).getTime()));
+    }
+    return times;
+}
+
+} // namespace
+
+TEST(CurveSimplify, NoisyCurvesHoldTheToleranceAtEveryKeyAndMidpoint) {
+    std::mt19937 rng(5);
+    std::uniform_real_distribution<double> noise(-1.0, 1.0);
+    std::uniform_int_distribution<int> kind(0, 2);
+    Interp const kinds[] = {Interp::Constant, Interp::Linear, Interp::Smooth};
+    // Interpolations: each kind alone, then mixed at random; the last round has values that
+    // are not finite among the keys.
+    for (int round = 0; round < 5; ++round) {
+        for (double const tolerance : {0.1, 0.03, 0.005}) {
+            TcTimeCurve c;
+            std::vector<double> candidates;
+            std::vector<TmKeyframe> fixed;
+            double t = 0.0;
+            for (int i = 0; i < 3000; ++i) {
+                t += 0.01 + 0.02 * (noise(rng) + 1.0);
+                double value = std::sin(t) + 0.05 * noise(rng);
+                if (round == 4 && i % 401 == 200)
+                    value = i % 802 == 200 ? std::numeric_limits<double>::infinity()
+                                           : std::numeric_limits<double>::quiet_NaN();
+                Interp const interp = round < 3 ? kinds[round] : kinds[kind(rng)];
+                c.setKey(TmKeyframe(t, value, interp));
+                // Every 31st key is not a candidate; the others are named slightly off.
+                if (i % 31 == 3)
+                    fixed.push_back(c.getKey(i));
+                else
+                    candidates.push_back(t + 0.0004 * noise(rng));
+            }
+            TcTimeCurve const before(c);
+            int const removed = TcTimeCurveUtils::simplify(c, candidates, tolerance, 0.001);
+            std::string const where =
+                "round " + std::to_string(round) + " tolerance " + std::to_string(tolerance);
+            EXPECT_GT(removed, 0) << where;
+            EXPECT_EQ(removed, before.getNbKeys() - c.getNbKeys()) << where;
+
+            EXPECT_EQ(c.getKeys().front(), before.getKeys().front()) << where;
+            EXPECT_EQ(c.getKeys().back(), before.getKeys().back()) << where;
+            for (TmKeyframe const& key : fixed) {
+                TmKeyframe const* kept = c.findKey(key.getTime());
+                ASSERT_NE(kept, nullptr) << where << " " << key.getTime();
+                EXPECT_TRUE(sameKey(*kept, key)) << where << " " << key.getTime();
+            }
+            // Kept keys are original keys, unchanged.
+            for (TmKeyframe const& key : c.getKeys()) {
+                TmKeyframe const* original = before.findKey(key.getTime());
+                ASSERT_NE(original, nullptr) << where;
+                EXPECT_TRUE(sameKey(key, *original)) << where << " " << key.getTime();
+            }
+            int failures = 0;
+            for (double const time : checkTimes(before))
+                if (!agreesWithin(c.evaluate(time), before.evaluate(time), tolerance) &&
+                    ++failures <= 5)
+                    ADD_FAILURE() << where << " at " << time << ": " << c.evaluate(time)
+                                  << " instead of " << before.evaluate(time);
+            EXPECT_EQ(failures, 0) << where;
+        }
+    }
+}
+
+TEST(CurveSimplify, RepeatedOrStrayTimesChangeNothingElse) {
+    TcTimeCurve c;
+    auto times = sample(c, 50, 1.0, [](double t) { return t * t; });
+    TcTimeCurve const before(c);
+    // Times listed twice, out of order, not numbers or far from any key.
+    std::vector<double> listed(times.rbegin(), times.rend());
+    listed.insert(listed.end(), times.begin(), times.end());
+    listed.push_back(std::numeric_limits<double>::quiet_NaN());
+    listed.push_back(-5.0);
+    listed.push_back(7.0);
+    int const removed = TcTimeCurveUtils::simplify(c, listed, 0.001, 0.001);
+    EXPECT_GT(removed, 10);
+    EXPECT_EQ(c.getNbKeys(), 50 - removed);
+    for (double const time : checkTimes(before))
+        EXPECT_NEAR(c.evaluate(time), before.evaluate(time), 0.001) << time;
+
+    // Nothing to remove: no times, or too few keys.
+    TcTimeCurve const simplified(c);
+    EXPECT_EQ(TcTimeCurveUtils::simplify(c, {}, 0.001, 0.001), 0);
+    EXPECT_EQ(c, simplified);
+    TcTimeCurve two;
+    two.addKey(0.0, 1.0);
+    two.addKey(1.0, 5.0);
+    EXPECT_EQ(TcTimeCurveUtils::simplify(two, {0.0, 1.0}, 10.0, 0.001), 0);
+    EXPECT_EQ(two.getNbKeys(), 2);
 }
