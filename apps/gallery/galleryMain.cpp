@@ -95,6 +95,33 @@ private:
 };
 
 // The widget tree of the gallery and what draws into it.
+// Carries a colour name from a swatch to the status line: a swatch's sink puts the name in the
+// carrier; the status line's sink takes a carrier that holds one and tells the gallery.
+class ColourSink : public DrSrcSink {
+public:
+    ColourSink(std::string colour, std::function<void(std::string const&)> dropped)
+        : _colour(std::move(colour)), _dropped(std::move(dropped)) {}
+
+    bool willPopulateSelection() override { return !_colour.empty(); }
+    void populateSelection(DrCarrier& carrier) override {
+        carrier.getSelection()->addItem(SnItemConvert<std::string>::createItem(_colour));
+    }
+    bool willConsumeSelection(DrCarrier const& carrier) override {
+        RCShdPtr<SnItem> item = carrier.getSelection()->getFirstItem();
+        return _dropped && item && SnItemConvert<std::string>::test(item);
+    }
+    bool consumeSelection(DrCarrier& carrier) override {
+        if (!willConsumeSelection(carrier))
+            return false;
+        _dropped(SnItemConvert<std::string>::get(carrier.getSelection()->getFirstItem()));
+        return true;
+    }
+
+private:
+    std::string _colour;
+    std::function<void(std::string const&)> _dropped;
+};
+
 class Gallery {
 public:
     Gallery() {
@@ -110,6 +137,8 @@ public:
         _italic = fonts.getFont(WsFontRegistry::Italic12Font);
         _fixed = fonts.getFont(WsFontRegistry::Fixed12Font);
 
+        for (RCShdPtr<PiTool const> const& tool : PiToolRegistry::getInstance().getTools())
+            _nodeTypes += (_nodeTypes.empty() ? "" : ", ") + tool->getName();
         buildTitle(root);
         buildSwatches(root);
         buildTextPanel(root);
@@ -156,6 +185,11 @@ private:
         int x = 12;
         for (char const* colour : colours) {
             RCShdPtr<UiWidget> swatch = plain(root, colour, {x, x + 94, 284, 330}, colour, "Line");
+            RCShdPtr<UiDragAndDrop> dnd = UiDragAndDrop::create();
+            dnd->setDndSrcSink(makeShared<ColourSink>(colour, nullptr));
+            dnd->setDragEnabled(true);
+            swatch->setDndObject(dnd);
+            swatch->setDragRecogniser(std::make_unique<UiGestureDrag>());
             std::string label = colour;
             paint(swatch.get(), [this, label](GeRectangle<int> const& r) {
                 setColor(named("Black"));
@@ -186,6 +220,9 @@ private:
             setColor(named("Cyan1"));
             _small->drawString("UTF-8: \xc3\xa9t\xc3\xa9, na\xc3\xafve, \xc3\x85ngstr\xc3\xb6m", x,
                                y);
+            y -= _small->getLineHeight() + 6;
+            setColor(named("Orange"));
+            _small->drawString("Node types: " + _nodeTypes, x, y);
         });
     }
 
@@ -263,6 +300,13 @@ private:
             });
         }
         UiWidget* statusWidget = status.get();
+        RCShdPtr<UiDragAndDrop> dnd = UiDragAndDrop::create();
+        dnd->setDndSrcSink(makeShared<ColourSink>("", [this, statusWidget](std::string const& c) {
+            _status = "Dropped " + c + " here";
+            statusWidget->markForUpdate();
+        }));
+        dnd->setDropEnabled(true);
+        status->setDndObject(dnd);
         paint(statusWidget, [this](GeRectangle<int> const& r) {
             setColor(named("Foreground"));
             _small->drawString(_status, r.x1 + 12.f, (r.y1 + r.y2) / 2.f - 4.f);
@@ -282,8 +326,9 @@ private:
     RCShdPtr<GalleryButton> _ok, _cancel;
     std::unique_ptr<CbFunction<EvEvent>> _onOk, _onCancel;
     std::vector<std::unique_ptr<Painter>> _painters;
-    std::string _status = "Click OK; Cancel or closing the window quits.";
+    std::string _status = "Click OK, or drag a colour here; Cancel quits.";
     int _okCount = 0;
+    std::string _nodeTypes;
 };
 
 struct Options {
