@@ -9,8 +9,13 @@
 #include "uiExternalWidgetFactory.h"
 #include "uiFrame.h"
 #include "uiHotkeyRegistry.h"
+#include "uiLabel.h"
 #include "uiLogGroups.h"
+#include "uiPushButton.h"
+#include "uiPushedToggle.h"
 #include "uiResTable.h"
+#include "uiToggleButton.h"
+#include "uiTransparentLabel.h"
 #include "uiWidget.h"
 #include "uiWidgetFactory.h"
 #include "uiWindowImp.h"
@@ -55,6 +60,21 @@ void initWidgetFamilies() {
     UiWindowExitState::buildHeatMapTables();
 }
 
+template <class T>
+void registerSimpleFactory(char const* type) {
+    if (!UiWidgetFactory::isRegistered(type))
+        UiWidgetFactory::registerFactory(type, std::make_unique<UiWidgetFactorySimple<T>>());
+}
+
+// The standard widgets that definitions name by type.
+void registerStandardWidgetFactories() {
+    registerSimpleFactory<UiLabel>("Label");
+    registerSimpleFactory<UiTransparentLabel>("TransparentLabel");
+    registerSimpleFactory<UiPushButton>("PushButton");
+    registerSimpleFactory<UiToggleButton>("ToggleButton");
+    registerSimpleFactory<UiPushedToggle>("PushedToggle");
+}
+
 } // namespace
 
 void UiToolkitInit::init() {
@@ -76,6 +96,7 @@ void UiToolkitInit::init() {
     // Definitions can be built without graphics too, so the factories are always there.
     UiWidgetFactory::registerToolkitFactories();
     UiExternalWidgetFactory::registerFactory();
+    registerStandardWidgetFactories();
     if (!WsTestGfx::isNoGraphicsRequested()) {
         // Real windows when a display opens; otherwise the headless windows stay, and the
         // toolkit still works without pixels.

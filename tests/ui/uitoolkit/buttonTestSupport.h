@@ -1,0 +1,69 @@
+// Helpers for the button and label tests: pointer presses and moves as the window would deliver
+// them (the pointer focus set first), key presses, and a fixture that leaves focus, grabs and
+// arming as it found them.
+#pragma once
+
+#include "uiTestSupport.h"
+
+#include "uiFocusKeyboard.h"
+#include "uiFocusPointer.h"
+#include "uiGrab.h"
+
+#include "evKeyCode.h"
+
+#include <gtest/gtest.h>
+
+namespace Zr::UiTest {
+
+// Moves the pointer onto `w` (null: off every widget) and sends it the move.
+inline void pointerTo(UiWidget* focus, UiWidget& target) {
+    UiFocusPointer::getInstance().updateFocus(focus);
+    EvPointerMoveEvent move;
+    target.processEvent(move);
+}
+
+inline void pressOn(UiWidget& w, unsigned button = 1) {
+    UiFocusPointer::getInstance().updateFocus(&w);
+    auto down = makeDown(button);
+    w.processEvent(down);
+}
+
+inline void releaseOn(UiWidget& w, unsigned button = 1) {
+    auto up = makeUp(button);
+    w.processEvent(up);
+}
+
+inline void clickOn(UiWidget& w) {
+    pressOn(w);
+    releaseOn(w);
+}
+
+inline EvKeyPressEvent keyPressOf(int key) {
+    EvKeyPressEvent e;
+    e.setTriggerKey(key);
+    return e;
+}
+
+class ButtonFixture : public ::testing::Test {
+protected:
+    void SetUp() override {
+        UiArmStack::clear();
+        root = TestRoot::make();
+    }
+    void TearDown() override {
+        UiFocusPointer::getInstance().updateFocus(nullptr);
+        UiFocusPointer::getInstance().updatePointer(nullptr, false);
+        UiFocusKeyboard::getInstance().setFocus(static_cast<UiWidget*>(nullptr));
+        UiGrab::pointer().clear();
+        UiArmStack::clear();
+        root->removeChildren();
+        root = nullptr;
+    }
+    bool holdsGrab(UiWidget const& w) const {
+        return UiGrab::pointer().getCurrent() == w.getEventHandler();
+    }
+
+    RCShdPtr<TestRoot> root;
+};
+
+} // namespace Zr::UiTest
