@@ -272,8 +272,8 @@ TEST(DualStateInterface, StateGoesBothWays) {
 }
 
 TEST(DualStateFactories, TypeNamesAreRegistered) {
-    for (char const* type :
-         {"Label", "TransparentLabel", "PushButton", "ToggleButton", "PushedToggle"})
+    for (char const* type : {"Label", "TransparentLabel", "PushButton", "ToggleButton",
+                             "PushedToggle", "PushButtonIcon", "PushedToggleIcon"})
         EXPECT_TRUE(UiWidgetFactory::isRegistered(type)) << type;
 }
 

@@ -186,6 +186,10 @@ void UiPushButton::drawBackground(GeRectangle<int> const& r, GePoint2<int> const
 }
 
 void UiPushButton::userDraw(EvEvent&) {
+    drawContent();
+}
+
+void UiPushButton::drawContent() {
     if (SmContext* context = SmContext::getCurrentContext())
         context->applyStateObject(getDrawState(DrawStateByOpacity));
     SmGl::color3fv((isEnabled() ? _foreground : _inactiveForeground).data());

@@ -50,6 +50,8 @@ protected:
     void postInit() override;
     void stateChanged() override;
     void drawBackground(GeRectangle<int> const& r, GePoint2<int> const& origin) override;
+    // What the button shows on its background: the label; the icon variant draws its icon.
+    virtual void drawContent();
 
 private:
     friend class UiPushButtonImp;

@@ -125,6 +125,10 @@ void UiPushedToggle::drawBackground(GeRectangle<int> const& r, GePoint2<int> con
 }
 
 void UiPushedToggle::userDraw(EvEvent&) {
+    drawContent();
+}
+
+void UiPushedToggle::drawContent() {
     CoRgbColor color = _foreground;
     if (!isEnabled())
         color = _state ? _disabledForeground : _inactiveForeground;

@@ -29,6 +29,9 @@ protected:
     void setDefaultResources(UiResSet& set) override;
     void stateChanged() override;
     void drawBackground(GeRectangle<int> const& r, GePoint2<int> const& origin) override;
+    // What the toggle shows on its background: the current label; the icon variant draws its
+    // icon.
+    virtual void drawContent();
 
 private:
     void userDraw(EvEvent& event);

@@ -12,7 +12,9 @@
 #include "uiLabel.h"
 #include "uiLogGroups.h"
 #include "uiPushButton.h"
+#include "uiPushButtonIcon.h"
 #include "uiPushedToggle.h"
+#include "uiPushedToggleIcon.h"
 #include "uiResTable.h"
 #include "uiToggleButton.h"
 #include "uiTransparentLabel.h"
@@ -73,6 +75,8 @@ void registerStandardWidgetFactories() {
     registerSimpleFactory<UiPushButton>("PushButton");
     registerSimpleFactory<UiToggleButton>("ToggleButton");
     registerSimpleFactory<UiPushedToggle>("PushedToggle");
+    registerSimpleFactory<UiPushButtonIcon>("PushButtonIcon");
+    registerSimpleFactory<UiPushedToggleIcon>("PushedToggleIcon");
 }
 
 } // namespace
