@@ -15,14 +15,17 @@
 
 namespace Zr::UiTest {
 
-// Moves the pointer onto `w` (null: off every widget) and sends it the move.
-inline void pointerTo(UiWidget* focus, UiWidget& target) {
-    UiFocusPointer::getInstance().updateFocus(focus);
+// Moves the pointer onto `widget` (null: off every widget) during a press, as a window does
+// while `target` holds the grab, and sends the move to `target`.
+inline void pointerTo(UiWidget* widget, UiWidget& target) {
+    UiFocusPointer::getInstance().updatePointer(widget, true);
     EvPointerMoveEvent move;
     target.processEvent(move);
 }
 
+// The pointer onto `w`, then the press, as a window delivers it.
 inline void pressOn(UiWidget& w, unsigned button = 1) {
+    UiFocusPointer::getInstance().updatePointer(&w, true);
     UiFocusPointer::getInstance().updateFocus(&w);
     auto down = makeDown(button);
     w.processEvent(down);

@@ -183,7 +183,9 @@ void UiDualState::drawLabel(UiString const& label, CoRgbColor const& color) cons
 }
 
 bool UiDualState::hasPointerFocusNow() const {
-    return UiFocusPointer::getInstance().getFocus() == this;
+    // The widget under the pointer: while a grab holds the pointer focus, this is what follows
+    // the pointer (and what a key press sets).
+    return UiFocusPointer::getInstance().getPointer() == this;
 }
 
 // --- pointer and keys ----------------------------------------------------------------------

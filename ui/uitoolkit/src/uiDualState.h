@@ -62,7 +62,7 @@ protected:
 
     // Draws `label` in `color` at the canvas origin, under the widget's draw state.
     void drawLabel(UiString const& label, CoRgbColor const& color) const;
-    // Whether the pointer focus is on this widget.
+    // Whether the pointer is on this widget.
     bool hasPointerFocusNow() const;
 
 private:

@@ -202,7 +202,9 @@ void UiPushButton::drawContent() {
 // --- pointer and keys ----------------------------------------------------------------------
 
 bool UiPushButton::hasPointerFocusNow() const {
-    return UiFocusPointer::getInstance().getFocus() == this;
+    // The widget under the pointer: while a grab holds the pointer focus, this is what follows
+    // the pointer (and what a key press sets).
+    return UiFocusPointer::getInstance().getPointer() == this;
 }
 
 void UiPushButton::onArm(EvEvent&) {
