@@ -42,6 +42,7 @@
 #include "uiContainerAdapter.h"
 #include "uiContainerFactory.h"
 #include "uiDragAndDrop.h"
+#include "uiDragButton.h"
 #include "uiDualState.h"
 #include "uiDualStateAdapter.h"
 #include "uiExternalWidgetFactory.h"
