@@ -38,6 +38,7 @@
 #include "uiAlign.h"
 #include "uiApplication.h"
 #include "uiArmStack.h"
+#include "uiConfirmButton.h"
 #include "uiContainer.h"
 #include "uiContainerAdapter.h"
 #include "uiContainerFactory.h"
