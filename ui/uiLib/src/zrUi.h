@@ -62,6 +62,7 @@
 #include "uiIcon.h"
 #include "uiIndicator.h"
 #include "uiLabel.h"
+#include "uiLabeledIcon.h"
 #include "uiMarkedRect.h"
 #include "uiPushButton.h"
 #include "uiPushButtonIcon.h"
