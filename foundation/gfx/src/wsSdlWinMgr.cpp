@@ -38,6 +38,7 @@ WsSdlWinMgr::WsSdlWinMgr() {
 }
 
 WsSdlWinMgr::~WsSdlWinMgr() {
+    destroyShareRoot();
     if (activeMgr == this)
         activeMgr = nullptr;
 }
@@ -56,8 +57,38 @@ WsSdlWindow* WsSdlWinMgr::findBySdlId(std::uint32_t sdlId) const {
     return it == _windows.end() ? nullptr : it->second;
 }
 
-WsSdlWindow* WsSdlWinMgr::getShareWindow() const {
-    return _windows.empty() ? nullptr : _windows.begin()->second;
+bool WsSdlWinMgr::makeShareRootCurrent() {
+    if (!_shareRootContext && !_shareRootFailed) {
+        SDL_Window* window =
+            SDL_CreateWindow("ZRui share root", 0, 0, 1, 1, SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);
+        SDL_GLContext context = nullptr;
+        if (window) {
+            SDL_GL_SetAttribute(SDL_GL_SHARE_WITH_CURRENT_CONTEXT, 0);
+            context = SDL_GL_CreateContext(window);
+        }
+        if (!context) {
+            if (window)
+                SDL_DestroyWindow(window);
+            _shareRootFailed = true;
+            return false;
+        }
+        _shareRootWindow = window;
+        _shareRootContext = context;
+    }
+    if (!_shareRootContext)
+        return false;
+    return SDL_GL_MakeCurrent(static_cast<SDL_Window*>(_shareRootWindow), _shareRootContext) == 0;
+}
+
+void WsSdlWinMgr::destroyShareRoot() {
+    if (_shareRootContext) {
+        SDL_GL_MakeCurrent(static_cast<SDL_Window*>(_shareRootWindow), nullptr);
+        SDL_GL_DeleteContext(_shareRootContext);
+    }
+    if (_shareRootWindow)
+        SDL_DestroyWindow(static_cast<SDL_Window*>(_shareRootWindow));
+    _shareRootWindow = nullptr;
+    _shareRootContext = nullptr;
 }
 
 void WsSdlWinMgr::add(WsSdlWindow* window) {

@@ -28,8 +28,12 @@ public:
 
     // The live window with that SDL id, or null. Loop thread only.
     WsSdlWindow* findBySdlId(std::uint32_t sdlId) const;
-    // Any live window that has an OpenGL context, to share display lists and textures with.
-    WsSdlWindow* getShareWindow() const;
+    // Makes current the context that every window's context shares textures and display lists
+    // with, creating it (on a hidden 1x1 window) the first time. Because this context lives as
+    // long as the window system, what one window uploads (glyph atlases, icons) stays valid
+    // after that window and all others are closed. False when it cannot be made; windows then
+    // share nothing.
+    bool makeShareRootCurrent();
 
     SmGlOpenGl& getGlBackend() { return _gl; }
     WsSdlWindow* getCurrentWindow() const { return _current; }
@@ -42,7 +46,13 @@ private:
     // Records the visual of the first context for WsDrawable; its context is current.
     void notePixelFormat();
 
+    void destroyShareRoot();
+
     std::unordered_map<std::uint32_t, WsSdlWindow*> _windows;
+    // The hidden window and context at the root of the share group (SDL_Window*, SDL_GLContext).
+    void* _shareRootWindow = nullptr;
+    void* _shareRootContext = nullptr;
+    bool _shareRootFailed = false;
     WsSdlWindow* _current = nullptr;
     SmGlOpenGl _gl;
     bool _keyAutoRepeat = true;

@@ -60,11 +60,10 @@ WsSdlWindow::WsSdlWindow(LiString name, LiString iconName, WsWindowStyle const& 
         throw ExCreateFailed(__FILE__, __LINE__,
                              "Cannot create window \"" + name.str() + "\": " + SDL_GetError());
 
-    // Share lists with an existing context: make it current while the new one is made.
+    // Share lists with the window system's root context: make it current while the new one is
+    // made.
     WsSdlWindow* previous = _mgr.getCurrentWindow();
-    WsSdlWindow* share = _mgr.getShareWindow();
-    if (share)
-        SDL_GL_MakeCurrent(share->_window, share->_glContext);
+    bool const share = _mgr.makeShareRootCurrent();
     SDL_GL_SetAttribute(SDL_GL_SHARE_WITH_CURRENT_CONTEXT, share ? 1 : 0);
     _glContext = SDL_GL_CreateContext(_window);
     if (!_glContext) {

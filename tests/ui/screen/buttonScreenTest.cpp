@@ -96,8 +96,6 @@ void expectMatchesReference(UiWindow& w, std::vector<std::uint8_t> const& px, ch
     EXPECT_EQ(differing, 0) << name << ": channel values differ from the reference";
 }
 
-// The labels use a font of their own: a font's glyph atlas lives in the context of the first
-// window that drew with it, and this window closes before other tests draw.
 TEST_F(ButtonScreen, PushButtonsAndTogglesLookAsTheReference) {
     UiTopLevel& w = open(240, 100);
     UiContainer* root = w.getRootContainer().get();

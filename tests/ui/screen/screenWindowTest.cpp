@@ -358,6 +358,36 @@ TEST_F(ScreenText, TextIsDrawnWhereItsMetricsSay) {
     EXPECT_GE(maxX, x + width - 6);
 }
 
+// Glyphs uploaded while a window was the only one stay valid after it closed: every window's
+// context shares textures with the window system's own, which outlives them all. The font has a
+// size no other test uses, so its glyphs are first uploaded here.
+TEST_F(ScreenText, TextStaysRightAfterTheWindowThatFirstDrewItClosed) {
+    RCShdPtr<WsFont> font = WsFontRegistry::getInstance().getFontByName("DejaVu Sans:Bold:23");
+    auto drawIn = [&](UiTopLevel& w) {
+        RCShdPtr<UiWidget> b = box(w, {0, 200, 0, 80}, colour(0, 0, 0));
+        count(b.get(), [&](GeRectangle<int> const&) {
+            float const white[3] = {1.f, 1.f, 1.f};
+            SmGl::color3fv(white);
+            font->drawString("Shared", 20.f, 25.f);
+        });
+        b->markForUpdate();
+        pump(100);
+        return w.readPixels();
+    };
+    std::vector<std::uint8_t> const first = drawIn(open(200, 80));
+    TearDown(); // every window closes
+    std::vector<std::uint8_t> const second = drawIn(open(200, 80));
+
+    ASSERT_EQ(first.size(), second.size());
+    int ink = 0, differing = 0;
+    for (std::size_t i = 0; i < first.size(); ++i) {
+        ink += first[i] > 128 ? 1 : 0;
+        differing += std::abs(int(first[i]) - int(second[i])) > 2 ? 1 : 0;
+    }
+    EXPECT_GT(ink, 100) << "no text drawn";
+    EXPECT_EQ(differing, 0) << "the glyphs changed once their first window was gone";
+}
+
 } // namespace
 
 namespace {
