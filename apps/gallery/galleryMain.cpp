@@ -56,45 +56,6 @@ private:
     std::function<void(GeRectangle<int> const&)> _paint;
 };
 
-// A push button: raised, pressed in while armed; the release over it activates it.
-class GalleryButton : public UiWidget {
-public:
-    static RCShdPtr<GalleryButton> create(UiContainer* parent, LiString const& name,
-                                          GeRectangle<int> const& rect) {
-        RCShdPtr<GalleryButton> button(new GalleryButton(parent, name));
-        button->resInit(nullptr);
-        button->postInit();
-        button->setRect(rect);
-        button->setFrame(frameNamed("PushOut"), DefaultFrame);
-        button->setFrame(frameNamed("PushIn"), "Pressed");
-        return button;
-    }
-
-protected:
-    GalleryButton(UiContainer* parent, LiString const& name)
-        : UiWidget(parent, name), _grab([this](EvEvent&) {
-              UiGrab::pointer().grab(getEventHandler());
-              setCurrentFrame("Pressed");
-              markForUpdate();
-          }),
-          _release([this](EvEvent& e) {
-              UiGrab::pointer().release(getEventHandler());
-              setCurrentFrame(DefaultFrame);
-              markForUpdate();
-              if (auto* up = dynamic_cast<EvPointerButtonUpEvent*>(&e))
-                  if (isInside(up->getCoord()))
-                      activate(e);
-          }) {
-        addArmCb(&_grab);
-        addDisarmCb(&_release);
-    }
-
-private:
-    CbFunction<EvEvent> _grab;
-    CbFunction<EvEvent> _release;
-};
-
-// The widget tree of the gallery and what draws into it.
 // Carries a colour name from a swatch to the status line: a swatch's sink puts the name in the
 // carrier; the status line's sink takes a carrier that holds one and tells the gallery.
 class ColourSink : public DrSrcSink {
@@ -122,6 +83,7 @@ private:
     std::function<void(std::string const&)> _dropped;
 };
 
+// The widget tree of the gallery and what draws into it.
 class Gallery {
 public:
     Gallery() {
@@ -286,19 +248,15 @@ private:
     }
 
     void buildButtons(UiContainer* root) {
-        _ok = GalleryButton::create(root, "ok", {12, 112, 28, 68});
-        _cancel = GalleryButton::create(root, "cancel", {124, 224, 28, 68});
+        _ok = UiPushButton::create(root, "ok");
+        _cancel = UiPushButton::create(root, "cancel");
         RCShdPtr<UiWidget> status = plain(root, "status", {240, 628, 28, 68}, "Grey30", "In");
-        for (auto* b : {_ok.get(), _cancel.get()}) {
-            b->setColor(UiWidget::BackgroundColor, named("Grey100"));
-            b->setColor(UiWidget::ParentColor, root->getCurrentBackground());
-            std::string label = b == _ok.get() ? "OK" : "Cancel";
-            paint(b, [this, label](GeRectangle<int> const& r) {
-                setColor(named("Black"));
-                _text->drawCenteredString(label, (r.x1 + r.x2) / 2.f, (r.y1 + r.y2) / 2.f, 1.f,
-                                          true, true);
-            });
-        }
+        _ok->setRect({12, 112, 28, 68});
+        _cancel->setRect({124, 224, 28, 68});
+        _ok->getLabel().setString("OK");
+        _cancel->getLabel().setString("Cancel");
+        for (UiPushButton* b : {_ok.get(), _cancel.get()})
+            b->getLabel().setFont(WsFontRegistry::Normal14Font);
         UiWidget* statusWidget = status.get();
         RCShdPtr<UiDragAndDrop> dnd = UiDragAndDrop::create();
         dnd->setDndSrcSink(makeShared<ColourSink>("", [this, statusWidget](std::string const& c) {
@@ -323,7 +281,7 @@ private:
 
     RCShdPtr<UiTopLevel> _window;
     RCShdPtr<WsFont> _title, _text, _small, _italic, _fixed;
-    RCShdPtr<GalleryButton> _ok, _cancel;
+    RCShdPtr<UiPushButton> _ok, _cancel;
     std::unique_ptr<CbFunction<EvEvent>> _onOk, _onCancel;
     std::vector<std::unique_ptr<Painter>> _painters;
     std::string _status = "Click OK, or drag a colour here; Cancel quits.";
