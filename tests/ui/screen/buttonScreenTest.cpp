@@ -7,6 +7,8 @@
 #include "uiToggleButton.h"
 #include "uiTopLevel.h"
 
+#include "screenReference.h"
+
 #include "wsFontRegistry.h"
 #include "wsScreenshot.h"
 #include "wsSdl.h"
@@ -70,31 +72,6 @@ protected:
 
     RCShdPtr<UiTopLevel> _window;
 };
-
-// Compares the pixels with reference/NAME.png, each channel within `tolerance`; a missing
-// reference, or ZR_UPDATE_REFERENCES=1, writes it instead and fails, to be looked at first.
-void expectMatchesReference(UiWindow& w, std::vector<std::uint8_t> const& px, char const* name,
-                            int tolerance = 2) {
-    GeRectangle<int> const g = w.getOSWindow()->getGeometry();
-    std::filesystem::path const file =
-        std::filesystem::path(__FILE__).parent_path() / "reference" / (std::string(name) + ".png");
-    char const* update = std::getenv("ZR_UPDATE_REFERENCES");
-    if (!std::filesystem::exists(file) || (update && std::string(update) == "1")) {
-        std::filesystem::create_directories(file.parent_path());
-        WsScreenshot::writePng(px, g.width(), g.height(), OsFilePath(file.string()));
-        FAIL() << "Wrote the reference " << file << "; look at it, then run again";
-    }
-    int width = 0, height = 0;
-    std::vector<std::uint8_t> const ref =
-        WsScreenshot::readPng(OsFilePath(file.string()), width, height);
-    ASSERT_EQ(width, g.width());
-    ASSERT_EQ(height, g.height());
-    ASSERT_EQ(ref.size(), px.size());
-    int differing = 0;
-    for (std::size_t i = 0; i < px.size(); ++i)
-        differing += std::abs(int(px[i]) - int(ref[i])) > tolerance ? 1 : 0;
-    EXPECT_EQ(differing, 0) << name << ": channel values differ from the reference";
-}
 
 TEST_F(ButtonScreen, PushButtonsAndTogglesLookAsTheReference) {
     UiTopLevel& w = open(240, 100);
