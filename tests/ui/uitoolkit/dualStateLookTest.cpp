@@ -4,12 +4,15 @@
 #include "buttonTestSupport.h"
 
 #include "uiColorRegistry.h"
+#include "uiConfirmButton.h"
+#include "uiDragButton.h"
 #include "uiFrame.h"
 #include "uiLabel.h"
 #include "uiLabeledIcon.h"
 #include "uiPushButton.h"
 #include "uiPushedToggle.h"
 #include "uiToggleButton.h"
+#include "uiWidgetFactory.h"
 
 #include "smGlRecorder.h"
 
@@ -81,6 +84,29 @@ TEST_F(DualStateLook, FramesOfEachKindFollowTheState) {
     releaseOn(*button);
     EXPECT_EQ(currentFrameType(*button), "PushOut");
     EXPECT_EQ(button->getCurrentBackground(), button->getBackground());
+}
+
+TEST_F(DualStateLook, DefinitionsSetTheFirstLookAndBadRadioFramesAreIgnored) {
+    // The off foreground and the background of a definition show before any change of state.
+    RCShdPtr<UiWidget> made = UiWidgetFactory::createWidgetFromText(
+        RCShdPtr<UiContainer>(root), R"(<PushedToggle><Widget Name="q">
+          <OffForegroundColor><Color>Blue</Color></OffForegroundColor>
+          <Background><Color>Red</Color></Background>
+        </Widget></PushedToggle>)",
+        "q.xml");
+    EXPECT_EQ(made->getForeground(), registry("Blue"));
+    EXPECT_EQ(made->getCurrentBackground(), registry("Red"));
+
+    auto toggle = UiToggleButton::create(root.get(), "t");
+    toggle->changeResource(LiString("<RadioFrame><Int>1</Int><Int>1</Int></RadioFrame>"));
+    EXPECT_FALSE(toggle->isRadioFrame());
+    toggle->changeResource(LiString("<RadioFrame><Text>1</Text></RadioFrame>"));
+    EXPECT_FALSE(toggle->isRadioFrame());
+    toggle->changeResource(LiString("<RadioFrame><Int>1</Int></RadioFrame>"));
+    EXPECT_TRUE(toggle->isRadioFrame());
+
+    EXPECT_EQ(currentFrameType(*UiConfirmButton::create(root.get(), "c")), "In");
+    EXPECT_EQ(currentFrameType(*UiDragButton::create(root.get(), "d")), "None");
 }
 
 TEST_F(DualStateLook, NewOnColourShowsFromTheNextChangeOfState) {
