@@ -7,8 +7,10 @@ namespace Zr {
 
 struct InPaths {
     // The directory set by setResourcesDir, else the environment variable ZR_RESOURCES_DIR,
-    // else the source tree's resources/ when it exists (a build tree), else
-    // <directory of the executable>/../share/zrui (an installation).
+    // else share/zrui of the installation that holds this library (found from the library's
+    // own file, so any program linked against an installed toolkit finds it), else the source
+    // tree's resources/ when it exists (a build tree), else
+    // <directory of the executable>/../share/zrui.
     static OsFilePath getResourcesDir();
     // Overrides the lookup, for tests and tools; an empty path restores it.
     static void setResourcesDir(OsFilePath const& path);
