@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# Runs zrui-render on a small panel and on a definition of an unknown type: the panel gives a PNG
-# of the asked size with the panel's blue and red in it; the bad one exits 1 naming the file and
-# the widget and writes nothing. Without a display and without xvfb-run the test is skipped (77).
+# Runs zrui-render as a user would: a small panel gives a PNG of the asked size; definitions with
+# an unknown widget or group type exit 1 with one line on standard error naming the file and the
+# type, and write nothing; --list-types names the widget types; with no display at all the panel
+# is drawn offscreen and the program says so (or, where no offscreen window opens either, exits
+# 3 with one line). Without a display and without xvfb-run the test is skipped (77).
 set -uo pipefail
 render=$1
 here=$(cd "$(dirname "$0")" && pwd)
@@ -16,24 +18,48 @@ if [ -z "${DISPLAY:-}" ]; then
   run=(xvfb-run -a -s "-screen 0 1024x768x24 -nolisten tcp")
 fi
 export LIBGL_ALWAYS_SOFTWARE=1
-fail() { echo "FAIL: $*"; exit 1; }
+fail() { echo "FAIL: $*"; echo "--- stdout"; cat "$out/out"; echo "--- stderr"; cat "$out/err"; exit 1; }
+: >"$out/out"; : >"$out/err"
 
-"${run[@]}" "$render" "$here/renderPanel.xml" -o "$out/panel.png" --size 240x160 >"$out/log" 2>&1
-status=$?
-[ $status -eq 3 ] && { cat "$out/log"; echo "no display: skipped"; exit 77; }
-[ $status -eq 0 ] || { cat "$out/log"; fail "panel: status $status"; }
-[ -s "$out/panel.png" ] || fail "panel: no PNG written"
 # The PNG header holds the size: width and height as big-endian 32-bit numbers at byte 16.
-size=$(od -An -tx1 -j16 -N8 "$out/panel.png" | tr -d ' \n')
-[ "$size" = "000000f0000000a0" ] || fail "panel: size bytes $size, expected 240x160"
+pngSize() { od -An -tx1 -j16 -N8 "$1" | tr -d ' \n'; }
 
-"${run[@]}" "$render" "$here/renderBadType.xml" -o "$out/bad.png" >"$out/log" 2>&1
+"${run[@]}" "$render" "$here/renderPanel.xml" -o "$out/panel.png" --size 240x160 >"$out/out" 2>"$out/err"
 status=$?
-[ $status -eq 1 ] || { cat "$out/log"; fail "bad type: status $status, expected 1"; }
-grep -q "renderBadType.xml:4: widget 'oops': Trying to create widget of unknown type: Frobnicator" \
-  "$out/log" || { cat "$out/log"; fail "bad type: message"; }
-[ ! -e "$out/bad.png" ] || fail "bad type: a PNG was written"
+[ $status -eq 3 ] && { cat "$out/err"; echo "no display: skipped"; exit 77; }
+[ $status -eq 0 ] || fail "panel: status $status"
+[ "$(pngSize "$out/panel.png")" = "000000f0000000a0" ] || fail "panel: not a 240x160 PNG"
 
-"$render" >"$out/log" 2>&1
+# Bad definitions: file, then the one line expected on standard error.
+badCases=(
+  "renderBadType.xml|renderBadType.xml:4: widget 'oops': unknown widget type \"Frobnicator\" (zrui-render --list-types lists the known ones)"
+  "renderBadGroup.xml|renderBadGroup.xml:3: widget 'top': unknown group type \"Kids\""
+)
+for case in "${badCases[@]}"; do
+  file=${case%%|*}
+  expected="zrui-render: $here/${case#*|}"
+  "${run[@]}" "$render" "$here/$file" -o "$out/bad.png" >"$out/out" 2>"$out/err"
+  status=$?
+  [ $status -eq 1 ] || fail "$file: status $status, expected 1"
+  [ "$(cat "$out/err")" = "$expected" ] || fail "$file: expected exactly: $expected"
+  [ ! -e "$out/bad.png" ] || fail "$file: a PNG was written"
+done
+
+"$render" --list-types >"$out/out" 2>"$out/err" || fail "--list-types: status $?"
+grep -qx PushButton "$out/out" || fail "--list-types: no PushButton"
+[ ! -s "$out/err" ] || fail "--list-types: wrote to standard error"
+
+env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER \
+  "$render" "$here/renderPanel.xml" -o "$out/offscreen.png" --size 240x160 >"$out/out" 2>"$out/err"
+status=$?
+if [ $status -eq 0 ]; then
+  grep -q "drawing offscreen" "$out/out" || fail "no display: doesn't say it draws offscreen"
+  [ ! -s "$out/err" ] || fail "no display: wrote to standard error"
+  [ "$(pngSize "$out/offscreen.png")" = "000000f0000000a0" ] || fail "no display: not a 240x160 PNG"
+else
+  [ $status -eq 3 ] && [ "$(wc -l <"$out/err")" -eq 1 ] || fail "no display: status $status"
+fi
+
+"$render" >"$out/out" 2>"$out/err"
 [ $? -eq 2 ] || fail "no arguments: expected status 2"
 echo "ok"

@@ -1,11 +1,13 @@
 // zrui-render: builds a widget definition into a window of the toolkit, draws it once and writes
 // the window's pixels to a PNG file; a definition that can't be built is reported by file and
-// widget and ends the program with a non-zero status.
+// widget and ends the program with a non-zero status. --list-types prints the widget types a
+// definition may use.
 #include "evEvent.h"
 #include "exBase.h"
 #include "inInitGuard.h"
 #include "msgBase.h"
 #include "msgProtocol.h"
+#include "osEnv.h"
 #include "osFilePath.h"
 #include "uiApplication.h"
 #include "uiContainer.h"
@@ -15,6 +17,7 @@
 #include "uiTopLevel.h"
 #include "uiWidget.h"
 #include "uiWidgetFactory.h"
+#include "uiWidgetGroupFactory.h"
 #include "wsManagedImage.h"
 #include "wsSdl.h"
 #include "wsWindowStyle.h"
@@ -25,6 +28,7 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -34,16 +38,19 @@ namespace {
 
 char const* const Usage =
     "usage: zrui-render DEFINITION.xml -o OUT.png [--size WxH] [--table TABLE.xml]\n"
+    "       zrui-render --list-types\n"
     "\n"
     "Builds the widget definition DEFINITION.xml into the root of a window of WxH pixels\n"
     "(400x300 unless --size says otherwise), draws it and writes the window as OUT.png.\n"
     "--table reads a resource table first, for its font and colour definitions and widget\n"
-    "resources. The window is a real one: the program needs a display. Where there is none\n"
-    "(no DISPLAY), run it under a virtual one:  xvfb-run -a zrui-render ...\n"
+    "resources. With no display (no DISPLAY, WAYLAND_DISPLAY or SDL_VIDEODRIVER), the window\n"
+    "is drawn offscreen, through SDL's offscreen driver, and the program says so.\n"
+    "--list-types prints the widget types a definition may use, one per line.\n"
     "\n"
-    "A definition that can't be built (malformed XML, an unknown widget type, no <Widget>\n"
-    "record, an unknown frame, a missing icon file, a bad resource) is reported with its file\n"
-    "and widget, and the program ends with status 1. Status 2: bad arguments; 3: no display.\n";
+    "A definition that can't be built (malformed XML, an unknown widget or group type, no\n"
+    "<Widget> record, an unknown frame, a missing icon file, a bad resource) is reported on\n"
+    "standard error with its file and widget, and the program ends with status 1.\n"
+    "Status 2: bad arguments; 3: no window can be opened, not even offscreen.\n";
 
 struct Options {
     std::string definition;
@@ -51,6 +58,7 @@ struct Options {
     std::string table;
     int width = 400;
     int height = 300;
+    bool listTypes = false;
 };
 
 bool parseSize(std::string const& text, int& width, int& height) {
@@ -74,6 +82,8 @@ int parse(int argc, char** argv, Options& options) {
                 std::cerr << "zrui-render: bad size \"" << argv[i] << "\" (WxH, e.g. 400x300)\n";
                 return 2;
             }
+        } else if (arg == "--list-types") {
+            options.listTypes = true;
         } else if (arg == "--table" && i + 1 < argc) {
             options.table = argv[++i];
         } else if (!arg.empty() && arg[0] != '-' && options.definition.empty()) {
@@ -83,11 +93,66 @@ int parse(int argc, char** argv, Options& options) {
             return 2;
         }
     }
-    if (options.definition.empty() || options.output.empty()) {
+    if (!options.listTypes && (options.definition.empty() || options.output.empty())) {
         std::cerr << Usage;
         return 2;
     }
     return 0;
+}
+
+// The registered widget types, sorted. The factory registry names them only in its HTML dump,
+// one <font size=+1>NAME</font> cell per type.
+std::vector<std::string> widgetTypes() {
+    std::ostringstream html;
+    UiWidgetFactory::dumpHtml(html);
+    std::string const open = "<font size=+1>";
+    std::string const text = html.str();
+    std::vector<std::string> types;
+    for (std::size_t at = text.find(open); at != std::string::npos; at = text.find(open, at)) {
+        at += open.size();
+        std::size_t const end = text.find("</font>", at);
+        if (end == std::string::npos)
+            break;
+        types.push_back(text.substr(at, end - at));
+    }
+    return types;
+}
+
+// Checks the type of every definition and of every group in it before anything is built, so
+// that a name no factory knows is reported in the file's words. The walk keeps its own stack:
+// how deep a definition nests is the file's choice, not a limit of ours.
+void checkTypes(XmlElement const& root, std::string const& file, std::vector<std::string>& errors) {
+    std::vector<XmlElement> pending{root};
+    while (!pending.empty()) {
+        XmlElement const definition = pending.back();
+        pending.pop_back();
+        XmlElement const record = definition.getElementByTagName("Widget");
+        std::string const widget =
+            ": widget '" + (record ? record.getAttribute("Name") : std::string()) + "': ";
+        auto at = [&](XmlElement const& element) {
+            return file + ":" + std::to_string(element.getLine()) + widget;
+        };
+        std::string const type = definition.getNodeName();
+        if (!UiWidgetFactory::isRegistered(LiString(type))) {
+            errors.push_back(at(definition) + "unknown widget type \"" + type +
+                             "\" (zrui-render --list-types lists the known ones)");
+            continue;
+        }
+        std::vector<XmlElement> children;
+        for (XmlElement const& group : definition.getElementsByTagName("Group")) {
+            std::string const groupType = group.getAttribute("Type");
+            if (groupType.empty()) {
+                errors.push_back(at(group) + "a group without a Type");
+            } else if (!UiWidgetGroupFactory::isRegistered(LiString(groupType))) {
+                errors.push_back(at(group) + "unknown group type \"" + groupType + "\"");
+            } else if (groupType == "Children") {
+                for (XmlElement const& child : group.getChildren())
+                    children.push_back(child);
+            }
+        }
+        // Reversed onto the stack, so that reports follow the document.
+        pending.insert(pending.end(), children.rbegin(), children.rend());
+    }
 }
 
 // Checks what the toolkit takes in quietly or reports without a widget's name: frames that no
@@ -154,6 +219,7 @@ int render(Options const& options) {
     }
     try {
         XmlDocument document{OsFilePath(file)};
+        checkTypes(document.getRoot(), file, errors);
         checkResources(document.getRoot(), file, errors);
     } catch (ExBase const& ex) {
         // The parser's reason starts with the file already.
@@ -208,12 +274,39 @@ int main(int argc, char** argv) {
     Options options;
     if (int const status = parse(argc, argv, options))
         return status < 0 ? 0 : status;
+    if (options.listTypes) {
+        // The factories are registered at start-up with or without graphics: no window needed.
+        OsEnv::set("ZR_NO_GRAPHICS", "1");
+        InInitGuard packages(argc, argv);
+        for (std::string const& type : widgetTypes())
+            std::cout << type << "\n";
+        return 0;
+    }
+    // With nothing to open a window on, SDL's offscreen driver draws into EGL pbuffers: no X
+    // server is needed, and SDL doesn't probe (and complain about) every other driver first.
+    // The toolkit opens SDL at start-up, so the driver is chosen before.
+    auto unset = [](char const* name) { return OsEnv::get(name).value_or("").empty(); };
+    bool const offscreen = unset("DISPLAY") && unset("WAYLAND_DISPLAY") && unset("SDL_VIDEODRIVER");
+    if (offscreen)
+        OsEnv::set("SDL_VIDEODRIVER", "offscreen");
+    // The start-up's messages wait: when no window can be opened, its warning about headless
+    // windows would only repeat the line below.
+    std::vector<std::string> startMessages;
+    MsgProtocol::DisplayHandler previous =
+        MsgProtocol::setDisplayHandler([&startMessages](MsgBase const& message) {
+            startMessages.push_back(std::string(message.getSeverityName()) + ": " +
+                                    message.getText());
+        });
     InInitGuard packages(argc, argv);
+    MsgProtocol::setDisplayHandler(previous);
     if (!WsSdl::initialize()) {
-        std::cerr << "zrui-render: no display (" << WsSdl::getLastError()
-                  << "); run it under xvfb-run\n";
+        std::cerr << "zrui-render: no window can be opened (" << WsSdl::getLastError() << ")\n";
         return 3;
     }
+    for (std::string const& line : startMessages)
+        std::cerr << line << "\n";
+    if (offscreen)
+        std::cout << "no display: drawing offscreen\n";
     try {
         return render(options);
     } catch (ExBase const& ex) {
