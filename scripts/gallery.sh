@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# Builds and runs the gallery, the toolkit's main program, on the shipped resources. With no
-# display it runs under a virtual one and writes a screenshot (gallery.png unless arguments say
-# otherwise), then prints where it is.
+# Builds the library, the gallery (the toolkit's main program) and the tools, and runs the
+# gallery on the shipped resources. With no display it runs under a virtual one and writes a
+# screenshot (gallery.png unless arguments say otherwise), then prints where it is.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
 build=${ZR_BUILD_DIR:-build}
-cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZR_SANITIZE=OFF -DZR_BUILD_TESTS=OFF >/dev/null
-cmake --build "$build" -j"$(nproc)" --target zrui-gallery
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZR_SANITIZE=OFF -DZR_BUILD_TESTS=OFF \
+  -DZR_BUILD_BENCH=OFF >/dev/null
+cmake --build "$build" -j"$(nproc)"
 export ZR_RESOURCES_DIR=${ZR_RESOURCES_DIR:-$PWD/resources}
 gallery="$build/apps/gallery/zrui-gallery"
 if [ -n "${DISPLAY:-}" ]; then
