@@ -9,7 +9,8 @@ set -euo pipefail
 packages=(g++ cmake make pkg-config ccache
           libpugixml-dev libgtest-dev libgmock-dev libbenchmark-dev
           libsdl2-dev libgl-dev libegl-dev libopengl-dev xvfb xauth libxtst-dev
-          libfreetype-dev libfontconfig-dev fonts-dejavu-core fonts-dejavu-extra libtiff-dev libpng-dev
+          libfreetype-dev libfontconfig-dev fonts-dejavu-core fonts-dejavu-extra
+          libtiff-dev libpng-dev
           libmuparser-dev)
 
 missing=()
