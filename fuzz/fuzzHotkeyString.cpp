@@ -26,7 +26,7 @@ namespace {
 void checkTextForm(std::string const& text) {
     // Values that a parse without modifiers keeps, and a failed parse keeps both.
     EvKeyboardState state(EvKeyboardState::Alt);
-    int key = EvKeyCode::Tab;
+    EvKeyCode::KeyCode key = EvKeyCode::Tab;
     try {
         UiHotkey::parseString(text, state, key);
     } catch (EvUndefinedRelation const&) {

@@ -168,9 +168,9 @@ std::vector<int> EvKeyCode::getAllCodes() {
     return codes;
 }
 
-int EvKeyCode::letter(char c) {
+EvKeyCode::KeyCode EvKeyCode::letter(char c) {
     unsigned char u = static_cast<unsigned char>(std::toupper(static_cast<unsigned char>(c)));
-    return u >= 'A' && u <= 'Z' ? A + (u - 'A') : -1;
+    return KeyCode(u >= 'A' && u <= 'Z' ? A + (u - 'A') : -1);
 }
 
 } // namespace Zr

@@ -31,7 +31,7 @@ namespace Zr {
 // the punctuation characters themselves ("-", "=", ",", ...).
 class EvKeyCode {
 public:
-    enum Code : int {
+    enum KeyCode : int {
         NoKey = 0,
         Left = 1,
         Up = 2,
@@ -121,9 +121,9 @@ public:
     static bool isKeypad(int code) { return code >= KeypadFirst && code < KeypadEnd; }
     // The pointer buttons as keys (LeftClick, MiddleClick, RightClick).
     static bool isPointerButton(int code) { return code >= LeftClick && code <= RightClick; }
-    static int letter(char c); // 'a' or 'A' -> A; -1 for other characters
-    static int digit(int d) { return d >= 0 && d <= 9 ? Digit0 + d : -1; }
-    static int functionKey(int n) { return n >= 1 && n <= 24 ? F1 + n - 1 : -1; }
+    static KeyCode letter(char c); // 'a' or 'A' -> A; -1 for other characters
+    static KeyCode digit(int d) { return KeyCode(d >= 0 && d <= 9 ? Digit0 + d : -1); }
+    static KeyCode functionKey(int n) { return KeyCode(n >= 1 && n <= 24 ? F1 + n - 1 : -1); }
 
 private:
     int _code = NoKey;

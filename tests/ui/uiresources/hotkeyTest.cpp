@@ -50,7 +50,7 @@ TEST(HotkeyText, ParseStringTakesTheLastSeparatorAndKeepsThePlusKey) {
     ASSERT_EQ(plus, EvKeyCode::KP_Add);
 
     EvKeyboardState state(Alt);
-    int key = 0;
+    EvKeyCode::KeyCode key = EvKeyCode::NoKey;
     UiHotkey::parseString("Ctrl++", state, key);
     EXPECT_EQ(key, plus);
     EXPECT_EQ(state.getState(), Ctrl);
@@ -75,7 +75,7 @@ TEST(HotkeyText, ParseStringTakesTheLastSeparatorAndKeepsThePlusKey) {
 
 TEST(HotkeyText, UnknownNamesAreUndefinedRelationsAndChangeNothing) {
     EvKeyboardState state;
-    int key = EvKeyCode::Tab;
+    EvKeyCode::KeyCode key = EvKeyCode::Tab;
     for (char const* text : {"shift+NoSuchKey", "hyper+Tab", "NoSuchKey", "ctrl+", "a+"}) {
         EXPECT_THROW(UiHotkey::parseString(text, state, key), EvUndefinedRelation) << text;
         EXPECT_EQ(key, EvKeyCode::Tab) << text;
@@ -86,7 +86,8 @@ TEST(HotkeyText, UnknownNamesAreUndefinedRelationsAndChangeNothing) {
 TEST(HotkeyText, TypeWordsAreExact) {
     EXPECT_EQ(UiHotkey::typeFromString("Press"), UiHotkey::Press);
     EXPECT_EQ(UiHotkey::typeFromString("Release"), UiHotkey::Release);
-    EXPECT_EQ(UiHotkey(1, EvKeyboardState(), UiHotkey::Release).typeToStr(), "Release");
+    EXPECT_EQ(UiHotkey(EvKeyCode::Left, EvKeyboardState(), UiHotkey::Release).typeToStr(),
+              "Release");
     try {
         UiHotkey::typeFromString("Sometimes");
         FAIL() << "no exception";
@@ -113,7 +114,7 @@ TEST(HotkeyOrder, ByKeyThenModifiersThenType) {
     UiHotkey const b(EvKeyCode::Return, EvKeyboardState());
     UiHotkey const c(EvKeyCode::Return, EvKeyboardState(Shift));
     UiHotkey const d(EvKeyCode::Return, EvKeyboardState(Shift), UiHotkey::Release);
-    UiHotkey const negative(-1, EvKeyboardState(Ctrl));
+    UiHotkey const negative(EvKeyCode::KeyCode(-1), EvKeyboardState(Ctrl));
     EXPECT_TRUE(negative < UiHotkey());
     EXPECT_TRUE(a < b);
     EXPECT_TRUE(b < c);
@@ -172,7 +173,7 @@ TEST(HotkeyXml, MissingKeyOrTypeIsIncompleteAndUnknownWordsUndefined) {
             h.read(children[i]);
             FAIL() << "no exception for element " << i;
         } catch (EvEx const& e) { // UiExIncompleteHotkey is an event error
-            EXPECT_EQ(e.getReason(), "Error, unexpected end of resource specification ");
+            EXPECT_EQ(e.getReason(), "Error, wrong resource specification for resource ''.");
             EXPECT_NE(dynamic_cast<UiExIncompleteHotkey const*>(&e), nullptr);
         }
     }
@@ -192,7 +193,8 @@ TEST(HotkeyXml, WritesStateOnlyWithModifiersAndReadsBack) {
         }
         {
             XmlWriter::ElementGuard modified(writer, "Hotkey");
-            UiHotkey(EvKeyCode::A + 2, EvKeyboardState(Shift | Ctrl), UiHotkey::Release)
+            UiHotkey(EvKeyCode::KeyCode(EvKeyCode::A + 2), EvKeyboardState(Shift | Ctrl),
+                     UiHotkey::Release)
                 .write(writer);
         }
     }
@@ -205,7 +207,8 @@ TEST(HotkeyXml, WritesStateOnlyWithModifiersAndReadsBack) {
     ASSERT_EQ(children.size(), 2u);
     UiHotkey h;
     h.read(children[1]);
-    EXPECT_EQ(h, UiHotkey(EvKeyCode::A + 2, EvKeyboardState(Shift | Ctrl), UiHotkey::Release));
+    EXPECT_EQ(h, UiHotkey(EvKeyCode::KeyCode(EvKeyCode::A + 2), EvKeyboardState(Shift | Ctrl),
+                          UiHotkey::Release));
 }
 
 TEST(HotkeyStream, DumpReadsBackAndBadStreamsAreReported) {

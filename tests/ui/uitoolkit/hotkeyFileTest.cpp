@@ -126,7 +126,7 @@ TEST(HotkeyFile, EveryKindOfBadElementIsReportedOnce) {
     EXPECT_EQ(reports.ids().size(), 1u); // one warning for the file
     std::string const log = reports.log();
     EXPECT_EQ(countOf(log, "Hotkey error in keys.xml"), 8) << log;
-    EXPECT_EQ(countOf(log, "Error, unexpected end of resource specification "), 2) << log;
+    EXPECT_EQ(countOf(log, "Error, wrong resource specification for resource ''."), 2) << log;
     EXPECT_NE(log.find("\"Twice\": bound more than once; D is skipped"), std::string::npos) << log;
     // What is left: the good binding and the first of the doubled one; nothing unbound.
     std::vector<std::string> paths;

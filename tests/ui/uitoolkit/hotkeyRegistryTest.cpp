@@ -177,9 +177,12 @@ TEST(HotkeyRegistry, KeypadKeysCanBeLeftToTheWidgets) {
                                         UiHotkey(EvKeyCode::KP_Enter, EvKeyboardState(Ctrl)));
     int const digit = registry.addEntry("/Local/Test", "Digit", UiHotkey::fromString("ctrl+7"));
     // The keypad's range is 40 to 67, named keys or not; 39 and 68 are outside it.
-    int const lastOfPad = registry.addEntry("/Local/Test", "67", UiHotkey(67, EvKeyboardState()));
-    int const below = registry.addEntry("/Local/Test", "39", UiHotkey(39, EvKeyboardState()));
-    int const above = registry.addEntry("/Local/Test", "68", UiHotkey(68, EvKeyboardState()));
+    int const lastOfPad =
+        registry.addEntry("/Local/Test", "67", UiHotkey(EvKeyCode::KeyCode(67), EvKeyboardState()));
+    int const below =
+        registry.addEntry("/Local/Test", "39", UiHotkey(EvKeyCode::KeyCode(39), EvKeyboardState()));
+    int const above =
+        registry.addEntry("/Local/Test", "68", UiHotkey(EvKeyCode::KeyCode(68), EvKeyboardState()));
     int calls = 0;
     CbFunction<EvEvent> handler([&calls](EvEvent& e) {
         ++calls;

@@ -49,8 +49,15 @@ UiExIncompleteHotkey::UiExIncompleteHotkey(char const* file, int line, std::stri
     setReason(reason);
 }
 
+UiExIncompleteHotkey::UiExIncompleteHotkey(char const* file, int line, XmlElement const& element)
+    : EvEx(file, line) {
+    setReason("Error, wrong resource specification for resource '" + element.getAttribute("Name") +
+              "'.");
+}
+
 UiHotkey::UiHotkey(EvKeyEvent const& event)
-    : _key(event.getTriggerKey()), _state(event.getKeyboardState()),
+    : _key(static_cast<EvKeyCode::KeyCode>(event.getTriggerKey())),
+      _state(event.getKeyboardState()),
       _type(dynamic_cast<EvKeyReleaseEvent const*>(&event) ? Release : Press) {}
 
 bool UiHotkey::matches(EvKeyEvent const& event) const {
@@ -89,13 +96,13 @@ std::string UiHotkey::keyToString(int key) {
     return EvKeyCode::toString(key);
 }
 
-int UiHotkey::keyFromString(std::string const& name) {
+EvKeyCode::KeyCode UiHotkey::keyFromString(std::string const& name) {
     if (name.empty() || equalsIgnoringCase(name, EvKeyCode::toString(EvKeyCode::NoKey).c_str()))
         return EvKeyCode::NoKey;
     int key = EvKeyCode::fromString(name);
     if (key < 0)
         throw EvUndefinedRelation(__FILE__, __LINE__, "Undefined key name \"" + name + "\"");
-    return key;
+    return static_cast<EvKeyCode::KeyCode>(key);
 }
 
 std::string UiHotkey::toString() const {
@@ -109,7 +116,8 @@ std::string UiHotkey::typeToStr() const {
     return typeToString(_type);
 }
 
-void UiHotkey::parseString(std::string const& text, EvKeyboardState& state, int& key) {
+void UiHotkey::parseString(std::string const& text, EvKeyboardState& state,
+                           EvKeyCode::KeyCode& key) {
     std::string const& separator = getSeparator();
     std::size_t sep = text.rfind(separator);
     // "ctrl++" binds the "+" key: a separator at the very end is then the key itself, and the
@@ -120,7 +128,7 @@ void UiHotkey::parseString(std::string const& text, EvKeyboardState& state, int&
         key = keyFromString(text);
         return;
     }
-    int const parsedKey = keyFromString(text.substr(sep + separator.size()));
+    EvKeyCode::KeyCode const parsedKey = keyFromString(text.substr(sep + separator.size()));
     EvKeyboardState const parsedState = modifiersFromString(text.substr(0, sep));
     key = parsedKey;
     state = parsedState;
@@ -128,15 +136,15 @@ void UiHotkey::parseString(std::string const& text, EvKeyboardState& state, int&
 
 UiHotkey UiHotkey::fromString(std::string const& text, Type type) {
     EvKeyboardState state;
-    int key = EvKeyCode::NoKey;
+    EvKeyCode::KeyCode key = EvKeyCode::NoKey;
     parseString(text, state, key);
     return UiHotkey(key, state, type);
 }
 
 void UiHotkey::read(XmlElement const& element) {
     if (!element.hasAttribute("Key") || !element.hasAttribute("Type"))
-        throw UiExIncompleteHotkey(__FILE__, __LINE__);
-    int const key = keyFromString(element.getAttribute("Key"));
+        throw UiExIncompleteHotkey(__FILE__, __LINE__, element);
+    EvKeyCode::KeyCode const key = keyFromString(element.getAttribute("Key"));
     EvKeyboardState const state = modifiersFromString(element.getAttribute("State"));
     Type const type = typeFromString(element.getAttribute("Type"));
     _key = key;

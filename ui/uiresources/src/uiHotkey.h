@@ -16,12 +16,15 @@ class XmlElement;
 class XmlWriter;
 
 // A Hotkey element without its Key or Type attribute, or a stream that ends before a hotkey's
-// type word. The plain reason is "Error, unexpected end of resource specification " (with the
-// closing blank). Names that don't name a key, a modifier or a type raise EvUndefinedRelation.
+// type word. An element's reason names it: "Error, wrong resource specification for resource '"
+// Name "'."; the plain reason, of a stream, is "Error, unexpected end of resource
+// specification " (with the closing blank). Names that don't name a key, a modifier or a type raise
+// EvUndefinedRelation.
 class UiExIncompleteHotkey : public EvEx {
 public:
     UiExIncompleteHotkey(char const* file, int line);
     UiExIncompleteHotkey(char const* file, int line, std::string const& reason);
+    UiExIncompleteHotkey(char const* file, int line, XmlElement const& element);
     char const* getClassName() const override { return "UiExIncompleteHotkey"; }
     std::unique_ptr<ExBase> clone() const override {
         return std::make_unique<UiExIncompleteHotkey>(*this);
@@ -46,7 +49,7 @@ public:
     enum Type { Press = 0, Release = 1 };
 
     UiHotkey() = default;
-    UiHotkey(int key, EvKeyboardState state, Type type = Press)
+    UiHotkey(EvKeyCode::KeyCode key, EvKeyboardState state, Type type = Press)
         : _key(key), _state(state), _type(type) {}
     // The hotkey that `event` would trigger: its key, its modifiers, press or release.
     explicit UiHotkey(EvKeyEvent const& event);
@@ -54,7 +57,7 @@ public:
     UiHotkey& operator=(UiHotkey const&) = default;
     virtual ~UiHotkey() = default;
 
-    int getKey() const { return _key; }
+    EvKeyCode::KeyCode getKey() const { return _key; }
     EvKeyboardState const& getKeyState() const { return _state; }
     Type getType() const { return _type; }
     // No key: the hotkey never matches.
@@ -79,7 +82,8 @@ public:
     // Splits a text form. With no separator, or one that is the last character (the key is
     // "+"), all of it is the key's name and `state` is left as given. Raises EvUndefinedRelation
     // for an unknown key or modifier name, leaving both arguments as they were.
-    static void parseString(std::string const& text, EvKeyboardState& state, int& key);
+    static void parseString(std::string const& text, EvKeyboardState& state,
+                            EvKeyCode::KeyCode& key);
     // The hotkey of a text form such as "shift+Tab".
     static UiHotkey fromString(std::string const& text, Type type = Press);
 
@@ -90,7 +94,7 @@ public:
     static std::string keyToString(int key);
     // A key's code by name, case-insensitively; "" and "Unknown" give 0. Raises
     // EvUndefinedRelation for a name that names no key.
-    static int keyFromString(std::string const& name);
+    static EvKeyCode::KeyCode keyFromString(std::string const& name);
     // Whether the key is a pointer button (EvKeyCode::LeftClick, MiddleClick or RightClick).
     static bool isClickKey(int key) { return EvKeyCode::isPointerButton(key); }
 
@@ -105,7 +109,7 @@ public:
     void dump(std::ostream& os) const;
 
 private:
-    int _key = EvKeyCode::NoKey;
+    EvKeyCode::KeyCode _key = EvKeyCode::NoKey;
     EvKeyboardState _state;
     Type _type = Press;
 };
