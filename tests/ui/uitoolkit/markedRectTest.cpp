@@ -26,7 +26,7 @@ TEST(MarkedRectList, SameRectangleTwiceGivesOneEntry) {
     list.mark({0, 10, 0, 10});
     list.mark({0, 10, 0, 10});
     ASSERT_EQ(list.size(), 1u);
-    EXPECT_EQ(list.getRects()[0].getState(), UiMarkedRect::InvalidBoth);
+    EXPECT_EQ(list[0].getState(), UiMarkedRect::InvalidBoth);
 }
 
 TEST(MarkedRectList, LargerMarkReplacesContainedEntriesOfAnyState) {
@@ -36,8 +36,8 @@ TEST(MarkedRectList, LargerMarkReplacesContainedEntriesOfAnyState) {
     list.mark({20, 25, 0, 5});
     list.mark({0, 30, 0, 10});
     ASSERT_EQ(list.size(), 1u);
-    EXPECT_EQ(list.getRects()[0].getRect(), (GeRectangle<int>{0, 30, 0, 10}));
-    EXPECT_EQ(list.getRects()[0].getState(), UiMarkedRect::InvalidBoth);
+    EXPECT_EQ(list[0].getRect(), (GeRectangle<int>{0, 30, 0, 10}));
+    EXPECT_EQ(list[0].getState(), UiMarkedRect::InvalidBoth);
 }
 
 TEST(MarkedRectList, MarkInsideAnUndrawnEntryIsAbsorbed) {
@@ -45,7 +45,7 @@ TEST(MarkedRectList, MarkInsideAnUndrawnEntryIsAbsorbed) {
     list.mark({0, 30, 0, 30});
     list.mark({5, 10, 5, 10});
     ASSERT_EQ(list.size(), 1u);
-    EXPECT_EQ(list.getRects()[0].getRect(), (GeRectangle<int>{0, 30, 0, 30}));
+    EXPECT_EQ(list[0].getRect(), (GeRectangle<int>{0, 30, 0, 30}));
 }
 
 TEST(MarkedRectList, MarkInsideAnEntryDrawnOnceWaitsForTheOtherBuffer) {
@@ -54,15 +54,15 @@ TEST(MarkedRectList, MarkInsideAnEntryDrawnOnceWaitsForTheOtherBuffer) {
     list.updateTransition();
     list.mark({5, 10, 5, 10});
     ASSERT_EQ(list.size(), 2u);
-    EXPECT_EQ(list.getRects()[1].getState(), UiMarkedRect::InsideDrawnOnce);
+    EXPECT_EQ(list[1].getState(), UiMarkedRect::InsideDrawnOnce);
     EXPECT_EQ(dumpOf(list), "IV [0, 30) x [0, 30)\nDI [5, 10) x [5, 10)\n");
 
     // Next redraw: the outer one is valid in both buffers and goes; the inner one now needs
     // its single draw.
     list.updateTransition();
     ASSERT_EQ(list.size(), 1u);
-    EXPECT_EQ(list.getRects()[0].getRect(), (GeRectangle<int>{5, 10, 5, 10}));
-    EXPECT_EQ(list.getRects()[0].getState(), UiMarkedRect::DrawnOnce);
+    EXPECT_EQ(list[0].getRect(), (GeRectangle<int>{5, 10, 5, 10}));
+    EXPECT_EQ(list[0].getState(), UiMarkedRect::DrawnOnce);
     list.updateTransition();
     EXPECT_TRUE(list.empty());
 }
@@ -73,7 +73,7 @@ TEST(MarkedRectList, EqualMarkOnAnEntryDrawnOnceStartsOver) {
     list.updateTransition();
     list.mark({0, 10, 0, 10});
     ASSERT_EQ(list.size(), 1u);
-    EXPECT_EQ(list.getRects()[0].getState(), UiMarkedRect::InvalidBoth);
+    EXPECT_EQ(list[0].getState(), UiMarkedRect::InvalidBoth);
 }
 
 TEST(MarkedRectList, EachRectangleIsDrawnInBothBuffersThenLeaves) {

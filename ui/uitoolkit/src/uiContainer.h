@@ -18,6 +18,7 @@ class UiGroup;
 
 class UiContainer : public UiWidget {
 public:
+    bool setMap(bool map, bool checkParent) override;
     // The children in stacking order, bottom first, and the widget kept on top.
     struct Children {
         RCShdPtr<UiWidget> _alwaysOnTop;
@@ -125,7 +126,6 @@ protected:
     void setDefaultResources(UiResSet& set) override;
     void postInit() override;
     void drawBackground(GeRectangle<int> const& r, GePoint2<int> const& origin) override;
-    bool setMap(bool map, bool checkParent) override;
     // The list operations behind setParent and clearParent; clients use addChild.
     virtual void addWidget(UiWidget* child);
     virtual void removeWidget(UiWidget* child);

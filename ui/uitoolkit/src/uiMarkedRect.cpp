@@ -39,7 +39,7 @@ void UiMarkedRectList::mark(GeRectangle<int> const& rect) {
     // An entry that still has to be drawn in both buffers covers the new one completely. One
     // drawn once covers it in the buffer just drawn: the new one then only needs the other.
     int newState = UiMarkedRect::InvalidBoth;
-    for (UiMarkedRect const& entry : _rects) {
+    for (UiMarkedRect const& entry : *this) {
         if (!entry.getRect().contains(rect))
             continue;
         if (entry.getState() == UiMarkedRect::InvalidBoth)
@@ -48,12 +48,12 @@ void UiMarkedRectList::mark(GeRectangle<int> const& rect) {
             newState = UiMarkedRect::InsideDrawnOnce;
     }
 
-    std::erase_if(_rects, [&rect](UiMarkedRect const& e) { return rect.contains(e.getRect()); });
-    _rects.emplace_back(rect, newState);
+    std::erase_if(*this, [&rect](UiMarkedRect const& e) { return rect.contains(e.getRect()); });
+    emplace_back(rect, newState);
 }
 
 void UiMarkedRectList::updateTransition() {
-    for (auto it = _rects.rbegin(); it != _rects.rend(); ++it) {
+    for (auto it = rbegin(); it != rend(); ++it) {
         switch (it->getState()) {
         case UiMarkedRect::InvalidBoth:
         case UiMarkedRect::InsideDrawnOnce:
@@ -66,12 +66,12 @@ void UiMarkedRectList::updateTransition() {
             throw UiMarkedRectEx::ExUpdateTransition(__FILE__, __LINE__, InvalidTransition);
         }
     }
-    std::erase_if(_rects,
+    std::erase_if(*this,
                   [](UiMarkedRect const& e) { return e.getState() == UiMarkedRect::ValidBoth; });
 }
 
 void UiMarkedRectList::dump(std::ostream& os) const {
-    for (UiMarkedRect const& entry : _rects) {
+    for (UiMarkedRect const& entry : *this) {
         entry.dump(os);
         os << "\n";
     }

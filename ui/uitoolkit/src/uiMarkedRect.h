@@ -16,10 +16,10 @@ struct UiMarkedRectEx {
 class UiMarkedRect {
 public:
     enum State : int {
-        InvalidBoth = 0,      // "II ": to draw in both buffers
-        DrawnOnce = 1,        // "IV ": drawn once, the other buffer is yet to be drawn
-        InsideDrawnOnce = 2,  // "DI ": inside a rectangle drawn once: skip now, draw once later
-        ValidBoth = 3         // "VV ": valid in both buffers; removed
+        InvalidBoth = 0,     // "II ": to draw in both buffers
+        DrawnOnce = 1,       // "IV ": drawn once, the other buffer is yet to be drawn
+        InsideDrawnOnce = 2, // "DI ": inside a rectangle drawn once: skip now, draw once later
+        ValidBoth = 3        // "VV ": valid in both buffers; removed
     };
     UiMarkedRect() = default;
     UiMarkedRect(GeRectangle<int> const& r, int state) : _state(state), _rect(r) {}
@@ -33,22 +33,15 @@ private:
     GeRectangle<int> _rect;
 };
 
-class UiMarkedRectList {
+// The marks of one widget, in the order they were made: a vector of UiMarkedRect with the
+// two operations that keep it minimal across the two buffers.
+class UiMarkedRectList : public std::vector<UiMarkedRect> {
 public:
     // Adds a rectangle to be drawn; entries it contains go, and one that contains it absorbs it.
     void mark(GeRectangle<int> const& rect);
     // After a draw: 0 and 2 become 1, 1 becomes 3 and leaves; anything else throws.
     void updateTransition();
-    void clear() { _rects.clear(); }
-    bool empty() const { return _rects.empty(); }
-    std::size_t size() const { return _rects.size(); }
-    std::vector<UiMarkedRect> const& getRects() const { return _rects; }
-    std::vector<UiMarkedRect>::const_iterator begin() const { return _rects.begin(); }
-    std::vector<UiMarkedRect>::const_iterator end() const { return _rects.end(); }
     void dump(std::ostream& os) const;
-
-private:
-    std::vector<UiMarkedRect> _rects;
 };
 
 } // namespace Zr

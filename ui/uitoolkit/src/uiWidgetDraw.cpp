@@ -78,7 +78,7 @@ void UiWidget::performExpose(GeRectangle<int> const& clip, GePoint2<int> const& 
         return;
 
     // Callbacks may add marks while we draw: work from a copy.
-    std::vector<UiMarkedRect> marks(_imp->_marks.getRects());
+    std::vector<UiMarkedRect> marks(_imp->_marks);
     GeRectangle<int> united;
     int unitedCount = 0;
     for (UiMarkedRect const& m : marks) {

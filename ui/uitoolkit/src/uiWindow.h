@@ -20,6 +20,7 @@ class UiWindowImp;
 
 class UiWindow : public UiContainer {
 public:
+    bool setMap(bool map, bool checkParent) override;
     static RCShdPtr<UiWindow> create(UiContainer* parent, LiString const& name,
                                      UiResTable const* table, WsWindowStyle const& style,
                                      unsigned flags = 0);
@@ -71,7 +72,6 @@ public:
 protected:
     UiWindow(UiContainer* parent, LiString const& name, WsWindowStyle const& style, unsigned flags);
     ~UiWindow() override;
-    bool setMap(bool map, bool checkParent) override;
     // The part of construction that hands out references to the window (the root container,
     // the system window): run by create once a shared pointer holds the new window.
     void buildRoot(UiResTable const* table);
