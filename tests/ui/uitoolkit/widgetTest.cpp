@@ -298,7 +298,7 @@ TEST_F(WidgetTest, ScrollHandedBackDownDoesNotCycle) {
 
 // --- constraint ----------------------------------------------------------------------------
 
-TEST_F(WidgetTest, MissingSiblingIsReportedWithBothNames) {
+TEST_F(WidgetTest, ASiblingCreatedAfterTheWidgetIsReportedWithBothNames) {
     UiConstraint c(0, 0, 10, 10, UiConstraint::TypePixel, UiConstraint::TypePixel,
                    UiConstraint::TypePixel, UiConstraint::TypePixel, UiConstraint::TargetSibling,
                    UiConstraint::TargetLow, UiConstraint::TargetLow, UiConstraint::TargetLow,
@@ -311,8 +311,22 @@ TEST_F(WidgetTest, MissingSiblingIsReportedWithBothNames) {
                   "Widget 'w': Invalid sibling constraint: sibling 'later' not found (possible "
                   "cause: the widget was created earlier than the target sibling).");
     }
+    // Made later, it would be placed after this widget's constraint ran: still refused.
     auto later = LoggingWidget::make(root.get(), "later", {30, 40, 0, 10}, &log);
-    EXPECT_NO_THROW(w->applyConstraint());
+    EXPECT_THROW(w->applyConstraint(), UiWidgetSiblingConstraintEx);
+}
+
+TEST_F(WidgetTest, AConstraintUnderAParentBelowOnePixelWaitsForItsResize) {
+    auto box = UiContainer::create(root.get(), "box");
+    for (GeRectangle<int> const& empty : {GeRectangle<int>{0, 0, 0, 50}, {0, 50, 0, 0}}) {
+        box->setRect(empty);
+        auto child = LoggingWidget::make(box.get(), "child", {1, 2, 3, 4}, &log);
+        child->setConstraint(UiFillConstraint());
+        EXPECT_EQ(child->getRect(), (GeRectangle<int>{1, 2, 3, 4}));
+        box->setRect({0, 30, 0, 20});
+        EXPECT_EQ(child->getRect(), (GeRectangle<int>{0, 30, 0, 20}));
+        box->removeChildren();
+    }
 }
 
 TEST_F(WidgetTest, RemoveConstraintStopsParentResize) {

@@ -226,26 +226,33 @@ void UiWidget::applyConstraint() {
     UiContainer* parent = getParent();
     if (!_imp->_hasConstraint || !parent)
         return;
+    // Siblings are looked for among the children created before this one: meeting this widget
+    // first means the sibling came later, and its rectangle would not be up to date when this
+    // constraint is run. A name found nowhere stays unresolved and anchors at zero.
     for (int edge = 0; edge < 4; ++edge) {
         _imp->_siblings[edge] = nullptr;
         LiString const& siblingName = _imp->_constraint.getSibling(edge);
         if (siblingName.empty())
             continue;
         for (auto const& child : parent->getChildrenList()) {
-            if (child.get() != this && child->getName() == siblingName) {
+            if (child.get() == this)
+                throw UiWidgetSiblingConstraintEx(
+                    __FILE__, __LINE__,
+                    "Widget '" + _name.str() + "': Invalid sibling constraint: sibling '" +
+                        siblingName.str() +
+                        "' not found (possible cause: the widget was created earlier than the "
+                        "target sibling).");
+            if (child->getName() == siblingName) {
                 _imp->_siblings[edge] = child.get();
                 break;
             }
         }
-        if (!_imp->_siblings[edge])
-            throw UiWidgetSiblingConstraintEx(
-                __FILE__, __LINE__,
-                "Widget '" + _name.str() + "': Invalid sibling constraint: sibling '" +
-                    siblingName.str() +
-                    "' not found (possible cause: the widget was created earlier than the "
-                    "target sibling).");
     }
+    // A canvas under one pixel (a parent not laid out yet) leaves the rectangle as it is; the
+    // parent's next resize computes it.
     GeRectangle<int> canvas = parent->getCanvas();
+    if (canvas.width() < 1 || canvas.height() < 1)
+        return;
     parentResize(canvas.width(), canvas.height());
 }
 

@@ -122,6 +122,9 @@ public:
     void display(bool on);
     bool isDisplayed() const;
     bool isMapped() const;
+    // Maps or unmaps this widget and its subtree; with `checkParent`, a widget whose parent is
+    // unmapped stays unmapped. Returns whether the mapped state changed.
+    virtual bool setMap(bool map, bool checkParent);
     void lock(bool locked = true);
     void unlock();
     bool isLocked() const;
@@ -317,8 +320,6 @@ protected:
     virtual void drawBackground(GeRectangle<int> const& r, GePoint2<int> const& origin);
     virtual void postDraw(GePoint2<int> const& origin);
     virtual void parentEnable(bool enabled);
-    // Returns whether the mapped state changed.
-    virtual bool setMap(bool map, bool checkParent);
     // Whether this widget has overridden stateChanged (grab notices call it only then).
     virtual bool hasStateChangedHook() const { return false; }
 
@@ -336,6 +337,7 @@ protected:
     friend class UiWidgetImp;
     friend class UiFocusKeyboard;
     friend class UiWindow;
+    friend class UiTopLevel;
 
 private:
     void initFocusColors();
