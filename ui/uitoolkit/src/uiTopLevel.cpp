@@ -3,6 +3,7 @@
 #include "uiTopLevel.h"
 
 #include "uiApplication.h"
+#include "uiArmStack.h"
 #include "uiFocusKeyboard.h"
 #include "uiFocusPointer.h"
 #include "uiGrab.h"
@@ -112,10 +113,31 @@ void UiTopLevel::pointerEvent(EvPointerEvent& event) {
         return;
     focus.updateFocus(widget);
     UiWidget* target = focus.getFocus();
+    if (auto* move = dynamic_cast<EvPointerMoveEvent*>(&event))
+        if (feedPressedWidget(*move, target))
+            return;
     if (target && target != this) {
         event.setOrigin(target->getEventHandler()->getProcessOrigin());
         target->processEvent(event);
     }
+}
+
+bool UiTopLevel::feedPressedWidget(EvPointerMoveEvent& move, UiWidget const* target) {
+    // A held button belongs to the widget it pressed (the top of the arm stack). Without a grab
+    // the move goes to the widget under the pointer, so a quick drag that leaves the pressed
+    // widget before passing its recogniser's threshold would be lost: the pressed widget's
+    // recogniser sees the move too, wherever the pointer is.
+    if (UiArmStack::empty())
+        return false;
+    UiWidget* pressed = UiArmStack::top()._widget;
+    if (!pressed || pressed->getWindow() != this)
+        return false;
+    for (UiWidget const* w = target; w; w = w->getParent())
+        if (w == pressed)
+            return false; // the move reaches it through the target anyway
+    RCShdPtr<UiWidget> keep = pressed->makeSender();
+    move.setOrigin(pressed->getEventHandler()->getProcessOrigin());
+    return pressed->interceptDrag(move);
 }
 
 void UiTopLevel::keyboardEvent(EvKeyboardEvent& event) {

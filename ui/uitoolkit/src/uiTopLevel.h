@@ -61,6 +61,10 @@ protected:
     void buildTopLevel(UiResTable const* table);
 
 private:
+    // Lets the widget holding a pressed button see a move that lands elsewhere; true when it
+    // started a drag.
+    bool feedPressedWidget(EvPointerMoveEvent& move, UiWidget const* target);
+
     UiTopLevelImp _imp;
     bool _allowPtrHandling = false;
     std::string _title;

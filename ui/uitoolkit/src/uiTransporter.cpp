@@ -92,7 +92,14 @@ bool UiTransporter::isTransporting() {
 
 bool UiTransporter::start(RCShdPtr<UiWidget> const& widget, EvEvent& event,
                           RCShdPtr<UiWidget> const& source) {
-    return startCommon(widget, event, source, true);
+    if (!startCommon(widget, event, source, true))
+        return false;
+    // A quick drag passes its threshold with the pointer already over another widget: the
+    // starting move is then its first move too, so that a release right there drops.
+    if (auto* move = dynamic_cast<EvPointerMoveEvent*>(&event))
+        if (UiFocusPointer::getInstance().getPointer() != source.get())
+            moveTo(*move);
+    return _running;
 }
 
 bool UiTransporter::startCommon(RCShdPtr<UiWidget> const& widget, EvEvent& event,
