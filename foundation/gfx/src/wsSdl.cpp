@@ -1,6 +1,7 @@
 // SDL start-up and shut-down: the OpenGL visual asked for (double-buffered, 8 stencil bits),
 // the display's size and refresh rate, and the services that SDL stands behind.
 #include "wsSdl.h"
+#include "wsX11Errors.h"
 
 #include "smGl.h"
 #include "tmGfxMsc.h"
@@ -96,6 +97,8 @@ bool WsSdl::initialize() {
             return false;
         std::this_thread::sleep_for(std::chrono::milliseconds(100 * attempt));
     }
+    if (std::string(SDL_GetCurrentVideoDriver()) == "x11")
+        WsX11Errors::install();
     requestVisual();
     readDisplay();
     s.events = std::make_unique<WsSdlEventSource>();
@@ -126,6 +129,8 @@ void WsSdl::shutdown() {
     SDL_StopTextInput();
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
     SDL_Quit();
+    // After SDL_Quit: closing the display reads the errors still on their way.
+    WsX11Errors::uninstall();
 }
 
 bool WsSdl::isActive() {

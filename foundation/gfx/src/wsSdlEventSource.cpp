@@ -2,6 +2,7 @@
 // buttons held after the event, scroll directions, keys to EvKeyCode, text to one
 // EvCharEvent per code point, and the window events.
 #include "wsSdlEventSource.h"
+#include "wsX11Errors.h"
 
 #include "evKeyCode.h"
 #include "evKeyboardState.h"
@@ -157,6 +158,17 @@ void WsSdlEventSource::pump() {
     SDL_Event event;
     while (SDL_PollEvent(&event))
         translate(event);
+    closeLostWindows();
+}
+
+void WsSdlEventSource::closeLostWindows() {
+    std::vector<std::uint32_t> const lost = WsX11Errors::takeLostResources();
+    if (lost.empty())
+        return;
+    if (WsSdlWinMgr* mgr = WsSdlWinMgr::getActive())
+        for (std::uint32_t id : lost)
+            if (WsSdlWindow* window = mgr->findByNativeId(id))
+                window->handleLost();
 }
 
 void WsSdlEventSource::waitAndPump(int timeoutMs) {

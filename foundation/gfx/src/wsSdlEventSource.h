@@ -20,6 +20,8 @@ public:
     void pump() override;
     void waitAndPump(int timeoutMs) override;
     void wakeUp() override;
+    // Reports the windows that X errors named as gone as closed.
+    void closeLostWindows();
 
     // The toolkit's key code (EvKeyCode) of an SDL key code; 0 for a key it doesn't know.
     static int toKeyCode(std::int32_t sdlKey);

@@ -52,6 +52,13 @@ RCShdPtr<WsWindow> WsSdlWinMgr::createWindow(LiString const& name, LiString cons
     return makeShared<WsSdlWindow>(name, iconName, style, *this);
 }
 
+WsSdlWindow* WsSdlWinMgr::findByNativeId(std::uint32_t nativeId) const {
+    for (auto const& [sdlId, window] : _windows)
+        if (nativeId != 0 && window->getNativeId() == nativeId)
+            return window;
+    return nullptr;
+}
+
 WsSdlWindow* WsSdlWinMgr::findBySdlId(std::uint32_t sdlId) const {
     auto it = _windows.find(sdlId);
     return it == _windows.end() ? nullptr : it->second;

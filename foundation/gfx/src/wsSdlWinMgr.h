@@ -28,6 +28,8 @@ public:
 
     // The live window with that SDL id, or null. Loop thread only.
     WsSdlWindow* findBySdlId(std::uint32_t sdlId) const;
+    // The window over the X window `nativeId`; null if none is ours.
+    WsSdlWindow* findByNativeId(std::uint32_t nativeId) const;
     // Makes current the context that every window's context shares textures and display lists
     // with, creating it (on a hidden 1x1 window) the first time. Because this context lives as
     // long as the window system, what one window uploads (glyph atlases, icons) stays valid

@@ -9,6 +9,7 @@
 #include "wsScreen.h"
 #include "wsSdlCursor.h"
 #include "wsSdlWinMgr.h"
+#include "wsX11Errors.h"
 
 #include <SDL.h>
 
@@ -46,6 +47,8 @@ WsSdlWindow::WsSdlWindow(LiString name, LiString iconName, WsWindowStyle const& 
     }
 
     Uint32 flags = SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN;
+    if (!_parentWindow && style.isResizable() && !style.isSplash())
+        flags |= SDL_WINDOW_RESIZABLE;
     if (_parentWindow || !style.hasBorder() || !style.hasTitleBar() || style.isSplash() ||
         _fullscreen)
         flags |= SDL_WINDOW_BORDERLESS;
@@ -76,6 +79,7 @@ WsSdlWindow::WsSdlWindow(LiString name, LiString iconName, WsWindowStyle const& 
                                  "\": " + reason);
     }
     _sdlId = SDL_GetWindowID(_window);
+    WsX11Errors::nativeWindow(_window, _nativeId, _nativeDisplay);
     _mgr.add(this);
     _mgr.notePixelFormat();
     if (_parentWindow)
@@ -233,7 +237,19 @@ void WsSdlWindow::handleShown() {
 }
 
 void WsSdlWindow::handleHidden() {
+    // A window destroyed by another client is first unmapped: find out while it is cheap.
+    if (_nativeDisplay && !WsX11Errors::windowExists(_nativeDisplay, _nativeId)) {
+        handleLost();
+        return;
+    }
     post<WsUnmapNotifyEvent>(getId());
+}
+
+void WsSdlWindow::handleLost() {
+    if (_lost)
+        return;
+    _lost = true;
+    post<WsWindowCloseEvent>(getId());
 }
 
 void WsSdlWindow::handleExposed() {

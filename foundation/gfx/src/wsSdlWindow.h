@@ -54,6 +54,11 @@ public:
     // What the event translation reports of the window system, on the loop's thread.
     void handleShown();
     void handleHidden();
+    // The window was destroyed under the program (by another client, or the display): reported
+    // once, as a close.
+    void handleLost();
+    // The X window behind this one; 0 on other drivers.
+    std::uint32_t getNativeId() const { return _nativeId; }
     void handleExposed();
     // The window moved or changed size on the screen (a top-level window only: sub-windows
     // are placed by their parent).
@@ -77,6 +82,9 @@ private:
     void* _glContext = nullptr;
     std::uint32_t _sdlId = 0;
     WsSdlWindow* _parentWindow = nullptr;
+    std::uint32_t _nativeId = 0;
+    void* _nativeDisplay = nullptr;
+    bool _lost = false;
     std::vector<WsSdlWindow*> _children;
     RCShdPtr<WsCursor> _cursor;
     GePoint2<int> _pointer;

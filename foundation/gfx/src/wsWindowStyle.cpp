@@ -30,6 +30,7 @@ WsWindowStyle WsWindowStyleUtils::getFullscreenWindowStyle(int depth, bool taskB
     s.setTitleBar(false);
     s.setTaskBar(taskBar);
     s.setCloseButton(false);
+    s.setResizable(false);
     s.setFullscreen(true);
     return s;
 }
@@ -47,6 +48,7 @@ WsWindowStyle WsWindowStyleUtils::getSplashWindowStyle(GeVector2<int> const& siz
     s.setTaskBar(false);
     s.setStacking(WsWindowStyle::StackAlwaysOnTop);
     s.setCloseButton(false);
+    s.setResizable(false);
     s.setSplash(true);
     return s;
 }

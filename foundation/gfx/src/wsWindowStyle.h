@@ -37,6 +37,9 @@ public:
     void setFullscreen(bool b) { _fullscreen = b; }
     bool isSplash() const { return _splash; }
     void setSplash(bool b) { _splash = b; }
+    // Whether the user may resize a top-level window with a border; on by default.
+    bool isResizable() const { return _resizable; }
+    void setResizable(bool b) { _resizable = b; }
     // The window this one lies in; null for a top-level window. Not owned.
     WsWindow* getParent() const { return _parent; }
     void setParent(WsWindow* p) { _parent = p; }
@@ -53,6 +56,7 @@ private:
     bool _closeButton = true;
     bool _fullscreen = false;
     bool _splash = false;
+    bool _resizable = true;
     WsWindow* _parent = nullptr;
     bool _mainWindow = false;
 };
