@@ -282,13 +282,8 @@ int main(int argc, char** argv) {
             std::cout << type << "\n";
         return 0;
     }
-    // With nothing to open a window on, SDL's offscreen driver draws into EGL pbuffers: no X
-    // server is needed, and SDL doesn't probe (and complain about) every other driver first.
     // The toolkit opens SDL at start-up, so the driver is chosen before.
-    auto unset = [](char const* name) { return OsEnv::get(name).value_or("").empty(); };
-    bool const offscreen = unset("DISPLAY") && unset("WAYLAND_DISPLAY") && unset("SDL_VIDEODRIVER");
-    if (offscreen)
-        OsEnv::set("SDL_VIDEODRIVER", "offscreen");
+    bool const offscreen = WsSdl::chooseOffscreenWithoutDisplay();
     // The start-up's messages wait: when no window can be opened, its warning about headless
     // windows would only repeat the line below.
     std::vector<std::string> startMessages;

@@ -142,6 +142,22 @@ std::string WsSdl::getDriverName() {
     return name ? name : "";
 }
 
+bool WsSdl::isDisplayNamed() {
+    for (char const* name : {"DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"}) {
+        char const* value = std::getenv(name);
+        if (value && *value)
+            return true;
+    }
+    return false;
+}
+
+bool WsSdl::chooseOffscreenWithoutDisplay() {
+    if (isDisplayNamed())
+        return false;
+    setenv("SDL_VIDEODRIVER", "offscreen", 1);
+    return true;
+}
+
 std::string const& WsSdl::getLastError() {
     return state().lastError;
 }

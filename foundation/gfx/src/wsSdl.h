@@ -21,6 +21,13 @@ public:
     static std::string const& getLastError();
     // SDL's video driver in use ("x11", "offscreen", ...); empty while not active.
     static std::string getDriverName();
+    // Whether the environment names a display or a driver (DISPLAY, WAYLAND_DISPLAY or
+    // SDL_VIDEODRIVER, not empty).
+    static bool isDisplayNamed();
+    // When nothing names a display, selects SDL's offscreen driver, which draws into EGL pbuffers
+    // with no server and without probing (and complaining about) every other driver first. Call it
+    // before the packages start; returns whether it chose offscreen.
+    static bool chooseOffscreenWithoutDisplay();
 };
 
 } // namespace Zr
