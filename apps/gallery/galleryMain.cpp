@@ -1,7 +1,8 @@
 // The gallery, the toolkit's main program: a window of widgets in named colours, framed panels,
 // a shaded background, text in the registry's fonts, a panel built from a widget definition
 // showing the shipped icons, and two push buttons. `--screenshot FILE.png` writes what it shows,
-// `--frames N` times N full repaints.
+// `--frames N` times N full repaints, `--size WxH` resizes the window once it is open. Exit
+// status 2 is bad arguments, 3 that no window can be opened.
 #include "zrUi.h"
 
 #include "gfxImageUtil.h"
@@ -19,6 +20,7 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -83,29 +85,45 @@ private:
     std::function<void(std::string const&)> _dropped;
 };
 
-// The widget tree of the gallery and what draws into it.
+// Places `w` by a constraint in its text form ("14 p l 14 p b -14 p r 42 p h"): the gallery's
+// layout is nothing but these, so the panels follow the window when it is resized.
+void place(UiWidget& w, char const* constraint) {
+    UiConstraint c;
+    std::istringstream text(constraint);
+    c.read(text);
+    w.setConstraint(c);
+}
+
+// The widget tree of the gallery and what draws into it. Everything lies on the 7-pixel grid:
+// 14-pixel margins, 7-pixel gaps, sizes in multiples of 7.
 class Gallery {
 public:
     Gallery() {
-        _window = UiTopLevel::create("ZRui gallery", nullptr,
-                                     WsWindowStyleUtils::getNormalWindowStyle({80, 720, 80, 480}));
+        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({80, 731, 80, 556});
+        style.setMainWindow(true); // closing it quits
+        _window = UiTopLevel::create("ZRui gallery", nullptr, style);
         _window->setWindowTitle("ZRui gallery");
         UiContainer* root = _window->getRootContainer().get();
         root->setShadedBackground(true);
         WsFontRegistry& fonts = WsFontRegistry::getInstance();
         _title = fonts.getFont(WsFontRegistry::Normal18Font);
         _text = fonts.getFont(WsFontRegistry::Normal14Font);
+        _bold = fonts.getFont(WsFontRegistry::Bold12Font);
         _small = fonts.getFont(WsFontRegistry::Normal12Font);
         _italic = fonts.getFont(WsFontRegistry::Italic12Font);
         _fixed = fonts.getFont(WsFontRegistry::Fixed12Font);
 
         for (RCShdPtr<PiTool const> const& tool : PiToolRegistry::getInstance().getTools())
             _nodeTypes += (_nodeTypes.empty() ? "" : ", ") + tool->getName();
-        buildTitle(root);
+        // Siblings first: a constraint names only widgets made before it.
+        buildHeader(root);
         buildSwatches(root);
+        buildButtons(root);
         buildTextPanel(root);
         buildDefinedPanel();
-        buildButtons(root);
+        // Tab and Shift+Tab step among the buttons; the first has the keyboard focus.
+        root->setTabbingEnabled(true);
+        root->refreshTabbingState();
     }
 
     ~Gallery() {
@@ -116,10 +134,11 @@ public:
     UiTopLevel& window() { return *_window; }
 
 private:
-    RCShdPtr<UiWidget> plain(UiContainer* parent, char const* name, GeRectangle<int> rect,
-                             char const* background, char const* frame) {
+    // A widget that only shows something: it takes no keyboard focus.
+    RCShdPtr<UiWidget> plain(UiContainer* parent, char const* name, char const* background,
+                             char const* frame) {
         RCShdPtr<UiWidget> w = UiWidget::create(parent, name);
-        w->setRect(rect);
+        w->setKeyboardFocusable(false);
         w->setColor(UiWidget::BackgroundColor, named(background));
         w->setColor(UiWidget::ParentColor, parent->getCurrentBackground());
         w->setFrame(frameNamed(frame), UiWidget::DefaultFrame);
@@ -130,66 +149,116 @@ private:
         _painters.push_back(std::make_unique<Painter>(w, std::move(fn)));
     }
 
-    void buildTitle(UiContainer* root) {
-        RCShdPtr<UiWidget> title = plain(root, "title", {12, 628, 346, 390}, "Blue2", "PushOut");
-        paint(title.get(), [this](GeRectangle<int> const& r) {
+    // A panel's heading, in its top left corner.
+    void heading(GeRectangle<int> const& r, std::string const& text) {
+        setColor(named("Grey200"));
+        _bold->drawString(text, r.x1 + 14.f, r.y2 - 21.f);
+    }
+
+    void buildHeader(UiContainer* root) {
+        RCShdPtr<UiWidget> header = plain(root, "header", "Blue2", "PushOut");
+        place(*header, "14 p l -63 p t -14 p r -14 p t");
+        paint(header.get(), [this](GeRectangle<int> const& r) {
+            float const baseline = (r.y1 + r.y2) / 2.f - 6.f;
             setColor(named("White"));
-            _title->drawString("ZRui gallery", r.x1 + 14.f, r.y1 + 15.f);
-            setColor(named("Grey175"));
-            std::string const sub = "widgets drawn with OpenGL";
-            _small->drawString(sub, r.x2 - 14.f - _small->getStringWidth(sub), r.y1 + 17.f);
+            _title->drawString("ZRui", r.x1 + 14.f, baseline);
+            setColor(named("Grey200"));
+            std::string const sub = "widgets drawn with OpenGL, placed on a 7-pixel grid";
+            _small->drawString(sub, r.x2 - 14.f - _small->getStringWidth(sub), baseline + 1.f);
         });
     }
 
+    // A strip of six colour chips, each a sixth of the strip wide whatever the window's width;
+    // the chips cover the strip, so its own background never shows.
     void buildSwatches(UiContainer* root) {
-        static char const* const colours[] = {"Red",    "Orange", "Yellow",
-                                              "Green1", "Cyan1",  "Blue1"};
-        int x = 12;
-        for (char const* colour : colours) {
-            RCShdPtr<UiWidget> swatch = plain(root, colour, {x, x + 94, 284, 330}, colour, "Line");
+        static char const* const colours[][2] = {{"Red", "Red"},       {"Orange", "Orange"},
+                                                 {"Yellow", "Yellow"}, {"Green1", "Green"},
+                                                 {"Cyan1", "Cyan"},    {"Blue1", "Blue"}};
+        RCShdPtr<UiContainer> palette = UiContainer::create(root, "palette");
+        palette->setKeyboardFocusable(false);
+        place(*palette, "14 p l -112 p t -14 p r -70 p t");
+        int i = 0;
+        for (auto const& [colour, label] : colours) {
+            RCShdPtr<UiWidget> swatch = plain(palette.get(), colour, colour, "PushOut");
+            std::ostringstream cell;
+            cell << 100.0 * i / 6 << " % l 0 p b " << 100.0 * (i + 1) / 6 << " % l 0 p t";
+            place(*swatch, cell.str().c_str());
+            ++i;
             RCShdPtr<UiDragAndDrop> dnd = UiDragAndDrop::create();
-            dnd->setDndSrcSink(makeShared<ColourSink>(colour, nullptr));
+            dnd->setDndSrcSink(makeShared<ColourSink>(label, nullptr));
             dnd->setDragEnabled(true);
             swatch->setDndObject(dnd);
             swatch->setDragRecogniser(std::make_unique<UiGestureDrag>());
-            std::string label = colour;
-            paint(swatch.get(), [this, label](GeRectangle<int> const& r) {
+            paint(swatch.get(), [this, text = std::string(label)](GeRectangle<int> const& r) {
                 setColor(named("Black"));
-                _small->drawCenteredString(label, (r.x1 + r.x2) / 2.f, (r.y1 + r.y2) / 2.f, 1.f,
+                _small->drawCenteredString(text, (r.x1 + r.x2) / 2.f, (r.y1 + r.y2) / 2.f, 1.f,
                                            true, true);
             });
-            x += 104;
         }
     }
 
-    void buildTextPanel(UiContainer* root) {
-        RCShdPtr<UiWidget> panel = plain(root, "text", {12, 380, 96, 268}, "TextBackground", "In");
-        paint(panel.get(), [this](GeRectangle<int> const& r) {
-            float const x = r.x1 + 14.f;
-            float y = r.y2 - 14.f - _text->getAscent();
-            setColor(named("TitleForeground"));
-            _text->drawString("Normal14Font: The quick brown fox", x, y);
-            y -= _text->getLineHeight() + 6;
+    void buildButtons(UiContainer* root) {
+        _ok = UiPushButton::create(root, "ok");
+        _cancel = UiPushButton::create(root, "cancel");
+        place(*_ok, "14 p l 14 p b 98 p w 35 p h");
+        place(*_cancel, "7 p s ok 14 p b 98 p w 35 p h");
+        _ok->getLabel().setString("OK");
+        _cancel->getLabel().setString("Cancel");
+        for (UiPushButton* b : {_ok.get(), _cancel.get()}) {
+            b->getLabel().setFont(WsFontRegistry::Normal14Font);
+            b->setKeyboardFocusFrame(true);
+        }
+        RCShdPtr<UiWidget> status = plain(root, "status", "Grey30", "In");
+        place(*status, "7 p s cancel 14 p b -14 p r 35 p h");
+        UiWidget* statusWidget = status.get();
+        RCShdPtr<UiDragAndDrop> dnd = UiDragAndDrop::create();
+        dnd->setDndSrcSink(makeShared<ColourSink>("", [this, statusWidget](std::string const& c) {
+            _status = "Dropped " + c + " here";
+            statusWidget->markForUpdate();
+        }));
+        dnd->setDropEnabled(true);
+        status->setDndObject(dnd);
+        paint(statusWidget, [this](GeRectangle<int> const& r) {
             setColor(named("Foreground"));
-            _small->drawString("Normal12Font: jumps over the lazy dog.", x, y);
-            y -= _small->getLineHeight() + 6;
-            setColor(named("Yellow1"));
-            _italic->drawString("Italic12Font: named colours, frames, text", x, y);
-            y -= _italic->getLineHeight() + 6;
-            setColor(named("Green4"));
-            _fixed->drawString("Fixed12Font: 0123456789 {}[]<>", x, y);
-            y -= _fixed->getLineHeight() + 6;
-            setColor(named("Cyan1"));
-            _small->drawString("UTF-8: \xc3\xa9t\xc3\xa9, na\xc3\xafve, \xc3\x85ngstr\xc3\xb6m", x,
-                               y);
-            y -= _small->getLineHeight() + 6;
-            setColor(named("Orange"));
-            _small->drawString("Node types: " + _nodeTypes, x, y);
+            _small->drawString(_status, r.x1 + 14.f, (r.y1 + r.y2) / 2.f - 4.f);
+        });
+        _onOk = std::make_unique<CbFunction<EvEvent>>([this, statusWidget](EvEvent&) {
+            _status = "OK pressed " + std::to_string(++_okCount) + " time(s)";
+            statusWidget->markForUpdate();
+        });
+        _onCancel = std::make_unique<CbFunction<EvEvent>>(
+            [this](EvEvent&) { UiApplication::getInstance().exitLoop(); });
+        _ok->addActivateCb(_onOk.get());
+        _cancel->addActivateCb(_onCancel.get());
+    }
+
+    // Between the swatches and the buttons, left of the middle: the registry's faces.
+    void buildTextPanel(UiContainer* root) {
+        RCShdPtr<UiWidget> panel = plain(root, "typography", "TextBackground", "In");
+        place(*panel, "14 p l 7 p s ok -4 p c -119 p t");
+        paint(panel.get(), [this](GeRectangle<int> const& r) {
+            heading(r, "Type");
+            float const x = r.x1 + 14.f;
+            float y = r.y2 - 49.f;
+            auto line = [&](WsFont& font, char const* colour, std::string const& text) {
+                setColor(named(colour));
+                font.drawString(text, x, y);
+                y -= font.getLineHeight() + 7;
+            };
+            line(*_text, "TitleForeground", "The quick brown fox");
+            line(*_small, "Foreground", "jumps over the lazy dog.");
+            line(*_italic, "Yellow1", "Italic for emphasis and notes");
+            line(*_bold, "Foreground", "Bold for headings");
+            line(*_fixed, "Green4", "Monospace 0123456789 {}[]<>");
+            line(*_small, "Cyan1",
+                 "UTF-8: \xc3\xa9t\xc3\xa9, na\xc3\xafve, \xc3\x85ngstr\xc3\xb6m");
+            line(*_bold, "Orange", "Node types");
+            line(*_small, "Orange", _nodeTypes);
         });
     }
 
-    // A panel built from the widget definition shipped in resources/resTables: the gallery
-    // only draws into the widgets the definition names.
+    // Right of the middle, a panel built from the widget definition shipped in
+    // resources/resTables: the gallery only draws into the widgets the definition names.
     void buildDefinedPanel() {
         OsFilePath const file =
             InPaths::getResourcesDir() + UiResTable::getResTableDir() + "galleryPanel.xml";
@@ -197,7 +266,7 @@ private:
         try {
             panel = UiWidgetFactory::createWidgetFromFile(_window->getRootContainer(), file);
         } catch (ExBase const& e) {
-            std::fprintf(stderr, "gallery: %s\n", e.getReason().c_str());
+            std::fprintf(stderr, "zrui-gallery: %s\n", e.getReason().c_str());
             return;
         }
         auto* container = dynamic_cast<UiContainer*>(panel.get());
@@ -206,7 +275,7 @@ private:
         if (RCShdPtr<UiWidget> caption = container->findWidget(LiString("caption")))
             paint(caption.get(), [this](GeRectangle<int> const& r) {
                 setColor(named("White"));
-                _small->drawString("from galleryPanel.xml", r.x1 + 8.f, r.y1 + 7.f);
+                _bold->drawString("Icons", r.x1 + 7.f, r.y1 + 7.f);
             });
         if (RCShdPtr<UiWidget> icons = container->findWidget(LiString("icons")))
             paint(icons.get(), [this](GeRectangle<int> const& r) { drawIcons(r); });
@@ -224,7 +293,7 @@ private:
         static char const* const files[] = {"cascade.tif", "toggleOn.tif", "toggleOff.tif",
                                             "radioOn.tif", "radioOff.tif", "warningBW.tif",
                                             "anchor.tif"};
-        int const gap = 4;
+        int const gap = 7;
         auto zoom = [](IxTile const& tile) { return tile.getWidth() < 16 ? 2 : 1; };
         std::vector<RCShdPtr<IxTile>> tiles;
         int width = -gap;
@@ -247,44 +316,12 @@ private:
         }
     }
 
-    void buildButtons(UiContainer* root) {
-        _ok = UiPushButton::create(root, "ok");
-        _cancel = UiPushButton::create(root, "cancel");
-        RCShdPtr<UiWidget> status = plain(root, "status", {240, 628, 28, 68}, "Grey30", "In");
-        _ok->setRect({12, 112, 28, 68});
-        _cancel->setRect({124, 224, 28, 68});
-        _ok->getLabel().setString("OK");
-        _cancel->getLabel().setString("Cancel");
-        for (UiPushButton* b : {_ok.get(), _cancel.get()})
-            b->getLabel().setFont(WsFontRegistry::Normal14Font);
-        UiWidget* statusWidget = status.get();
-        RCShdPtr<UiDragAndDrop> dnd = UiDragAndDrop::create();
-        dnd->setDndSrcSink(makeShared<ColourSink>("", [this, statusWidget](std::string const& c) {
-            _status = "Dropped " + c + " here";
-            statusWidget->markForUpdate();
-        }));
-        dnd->setDropEnabled(true);
-        status->setDndObject(dnd);
-        paint(statusWidget, [this](GeRectangle<int> const& r) {
-            setColor(named("Foreground"));
-            _small->drawString(_status, r.x1 + 12.f, (r.y1 + r.y2) / 2.f - 4.f);
-        });
-        _onOk = std::make_unique<CbFunction<EvEvent>>([this, statusWidget](EvEvent&) {
-            _status = "OK pressed " + std::to_string(++_okCount) + " time(s)";
-            statusWidget->markForUpdate();
-        });
-        _onCancel = std::make_unique<CbFunction<EvEvent>>(
-            [this](EvEvent&) { UiApplication::getInstance().exitLoop(); });
-        _ok->addActivateCb(_onOk.get());
-        _cancel->addActivateCb(_onCancel.get());
-    }
-
     RCShdPtr<UiTopLevel> _window;
-    RCShdPtr<WsFont> _title, _text, _small, _italic, _fixed;
+    RCShdPtr<WsFont> _title, _text, _bold, _small, _italic, _fixed;
     RCShdPtr<UiPushButton> _ok, _cancel;
     std::unique_ptr<CbFunction<EvEvent>> _onOk, _onCancel;
     std::vector<std::unique_ptr<Painter>> _painters;
-    std::string _status = "Click OK, or drag a colour here; Cancel quits.";
+    std::string _status = "Drag a colour here, or Tab and Return.";
     int _okCount = 0;
     std::string _nodeTypes;
 };
@@ -292,6 +329,7 @@ private:
 struct Options {
     std::string screenshot;
     int frames = 0;
+    int width = 0, height = 0; // --size: the window's size after it opens
 };
 
 bool parse(int argc, char** argv, Options& options) {
@@ -302,6 +340,12 @@ bool parse(int argc, char** argv, Options& options) {
         } else if (arg == "--frames" && i + 1 < argc) {
             options.frames = std::atoi(argv[++i]);
             if (options.frames <= 0)
+                return false;
+        } else if (arg == "--size" && i + 1 < argc) {
+            char x = 0;
+            std::istringstream size(argv[++i]);
+            if (!(size >> options.width >> x >> options.height) || x != 'x' || options.width < 1 ||
+                options.height < 1 || !size.eof())
                 return false;
         } else {
             return false;
@@ -330,19 +374,35 @@ void runUntilRedrawn(int count, std::function<void()> const& afterEach = {}) {
 int main(int argc, char** argv) {
     Options options;
     if (!parse(argc, argv, options)) {
-        std::cerr << "usage: zrui-gallery [--screenshot FILE.png] [--frames N]\n";
+        std::cerr << "usage: zrui-gallery [--screenshot FILE.png] [--frames N] [--size WxH]\n";
         return 2;
     }
+    // With no display the gallery can still draw its screenshot or time its frames offscreen;
+    // a person can't use it there.
+    bool const interactive = options.screenshot.empty() && options.frames == 0;
+    if (interactive && !WsSdl::isDisplayNamed()) {
+        std::cerr << "zrui-gallery: no display; run it on a desktop, or give --screenshot "
+                     "FILE.png to draw it offscreen\n";
+        return 3;
+    }
+    bool const offscreen = WsSdl::chooseOffscreenWithoutDisplay();
     InInitGuard packages(argc, argv);
     UiApplication& app = UiApplication::getInstance();
-    if (!WsSdl::isActive() && (!options.screenshot.empty() || options.frames == 0))
-        std::cerr << "zrui-gallery: no display (" << WsSdl::getLastError()
-                  << "); the window is headless\n";
+    if (!WsSdl::isActive()) {
+        std::cerr << "zrui-gallery: no window can be opened (" << WsSdl::getLastError() << ")\n";
+        return 3;
+    }
+    if (offscreen)
+        std::cout << "no display: drawing offscreen\n";
     int status = 0;
     {
         Gallery gallery;
         UiTopLevel& window = gallery.window();
         window.show();
+        if (options.width > 0) {
+            GeRectangle<int> r = window.getRect();
+            window.setRect({r.x1, r.x1 + options.width, r.y1, r.y1 + options.height});
+        }
         if (!options.screenshot.empty()) {
             runUntilRedrawn(1);
             try {
