@@ -3,6 +3,7 @@
 
 #ifdef ZR_HAVE_XTEST
 #include <X11/Xlib.h>
+#include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #endif
 
@@ -76,6 +77,57 @@ void XInputDriver::focus(unsigned long window) {
     XSync(dpy(_display), False);
 }
 
+void XInputDriver::askToClose(unsigned long window) {
+    Display* d = dpy(_display);
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = static_cast<Window>(window);
+    event.xclient.message_type = XInternAtom(d, "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(d, "WM_DELETE_WINDOW", False));
+    event.xclient.data.l[1] = CurrentTime;
+    XSendEvent(d, static_cast<Window>(window), False, NoEventMask, &event);
+    XSync(d, False);
+}
+
+void XInputDriver::destroy(unsigned long window) {
+    XDestroyWindow(dpy(_display), static_cast<Window>(window));
+    XSync(dpy(_display), False);
+}
+
+unsigned long XInputDriver::findWindow(std::string const& title, int& x, int& y) {
+    Display* d = dpy(_display);
+    Window root = DefaultRootWindow(d), parent = 0, *children = nullptr;
+    unsigned count = 0;
+    if (!XQueryTree(d, root, &root, &parent, &children, &count))
+        return 0;
+    unsigned long found = 0;
+    for (unsigned i = 0; i < count && !found; ++i) {
+        char* name = nullptr;
+        if (XFetchName(d, children[i], &name) && name) {
+            if (title == name) {
+                Window child = 0;
+                XTranslateCoordinates(d, children[i], root, 0, 0, &x, &y, &child);
+                found = children[i];
+            }
+            XFree(name);
+        }
+    }
+    if (children)
+        XFree(children);
+    return found;
+}
+
+bool XInputDriver::isResizable(unsigned long window) {
+    XSizeHints hints{};
+    long supplied = 0;
+    if (!XGetWMNormalHints(dpy(_display), static_cast<Window>(window), &hints, &supplied))
+        return true;
+    bool const fixed = (hints.flags & PMinSize) && (hints.flags & PMaxSize) &&
+                       hints.min_width == hints.max_width && hints.min_height == hints.max_height;
+    return !fixed;
+}
+
 #else
 
 XInputDriver::XInputDriver() : _problem("built without XTest") {}
@@ -88,6 +140,14 @@ bool XInputDriver::queryPointer(int&, int&, unsigned long&) {
     return false;
 }
 void XInputDriver::focus(unsigned long) {}
+void XInputDriver::askToClose(unsigned long) {}
+void XInputDriver::destroy(unsigned long) {}
+unsigned long XInputDriver::findWindow(std::string const&, int&, int&) {
+    return 0;
+}
+bool XInputDriver::isResizable(unsigned long) {
+    return false;
+}
 
 #endif
 

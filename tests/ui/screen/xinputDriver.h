@@ -31,6 +31,16 @@ public:
     bool queryPointer(int& x, int& y, unsigned long& window);
     // Gives the keyboard focus to a window.
     void focus(unsigned long window);
+    // Asks a window to close as a window manager's close button does (WM_DELETE_WINDOW).
+    void askToClose(unsigned long window);
+    // Destroys a window from this client, under the program that made it.
+    void destroy(unsigned long window);
+    // The first top-level window titled `title`, 0 if none; with its top-left corner on the
+    // screen.
+    unsigned long findWindow(std::string const& title, int& x, int& y);
+    // Whether the window tells the window manager it may be resized (its size hints don't fix
+    // the minimum and maximum at one size).
+    bool isResizable(unsigned long window);
 
 private:
     void* _display = nullptr;

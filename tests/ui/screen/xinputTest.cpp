@@ -16,6 +16,7 @@
 #include "uiWidget.h"
 
 #include "wsSdl.h"
+#include "wsSdlWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -154,6 +155,34 @@ protected:
 
 using XInputFocus = XInputFixture;
 using XInputDragAndDrop = XInputFixture;
+using XInputDesktop = XInputFixture;
+
+// A source that gives "carried" to drags and a target that takes drops, both in the root.
+struct DragPair {
+    RCShdPtr<UiWidget> source, target;
+    RCShdPtr<StringSink> sourceSink = makeShared<StringSink>("carried");
+    RCShdPtr<StringSink> targetSink = makeShared<StringSink>();
+
+    explicit DragPair(UiContainer* root) {
+        source = UiWidget::create(root, "source");
+        source->setRect({20, 80, 20, 80});
+        target = UiWidget::create(root, "target");
+        target->setRect({200, 260, 20, 80});
+        RCShdPtr<UiDragAndDrop> from = UiDragAndDrop::create();
+        from->setDndSrcSink(sourceSink);
+        from->setDragEnabled(true);
+        source->setDndObject(from);
+        source->setDragRecogniser(std::make_unique<UiGestureDrag>());
+        RCShdPtr<UiDragAndDrop> to = UiDragAndDrop::create();
+        to->setDndSrcSink(targetSink);
+        to->setDropEnabled(true);
+        target->setDndObject(to);
+    }
+};
+
+std::uint32_t nativeId(UiWindow& window) {
+    return static_cast<WsSdlWindow*>(window.getOSWindow().get())->getNativeId();
+}
 
 TEST_F(XInputFocus, AClickGivesKeyboardFocusAndTabMovesItOn) {
     RCShdPtr<UiContainer> panel = UiContainer::create(_top->getRootContainer().get(), "panel");
@@ -181,22 +210,9 @@ TEST_F(XInputFocus, AClickGivesKeyboardFocusAndTabMovesItOn) {
 }
 
 TEST_F(XInputDragAndDrop, APressADragAndAReleaseCarryTheStringToTheTarget) {
-    UiContainer* root = _top->getRootContainer().get();
-    RCShdPtr<UiWidget> source = UiWidget::create(root, "source");
-    source->setRect({20, 80, 20, 80});
-    RCShdPtr<UiWidget> target = UiWidget::create(root, "target");
-    target->setRect({200, 260, 20, 80});
-    auto sourceSink = makeShared<StringSink>("carried");
-    auto targetSink = makeShared<StringSink>();
-    RCShdPtr<UiDragAndDrop> sourceDnd = UiDragAndDrop::create();
-    sourceDnd->setDndSrcSink(sourceSink);
-    sourceDnd->setDragEnabled(true);
-    source->setDndObject(sourceDnd);
-    source->setDragRecogniser(std::make_unique<UiGestureDrag>());
-    RCShdPtr<UiDragAndDrop> targetDnd = UiDragAndDrop::create();
-    targetDnd->setDndSrcSink(targetSink);
-    targetDnd->setDropEnabled(true);
-    target->setDndObject(targetDnd);
+    DragPair pair(_top->getRootContainer().get());
+    auto& sourceSink = pair.sourceSink;
+    auto& targetSink = pair.targetSink;
     pumpFor(50);
 
     moveTo(50, 50);
@@ -221,16 +237,29 @@ TEST_F(XInputDragAndDrop, APressADragAndAReleaseCarryTheStringToTheTarget) {
     EXPECT_EQ(UiGrab::pointer().getCurrent(), nullptr);
 }
 
+TEST_F(XInputDragAndDrop, AQuickDragThatLeavesTheSourceAtOnceIsNotLost) {
+    // The first move past the threshold is already off the source: a jump straight onto the
+    // target, and a flick in big steps.
+    std::vector<std::vector<int>> const paths = {{230}, {90, 130, 170, 210, 230}};
+    for (std::vector<int> const& path : paths) {
+        SCOPED_TRACE(path.size() == 1 ? "jump" : "flick");
+        DragPair pair(_top->getRootContainer().get());
+        pumpFor(50);
+        moveTo(50, 50);
+        button(true);
+        for (int x : path)
+            moveTo(x, 50);
+        button(false);
+        EXPECT_TRUE(pumpUntil([&] { return !pair.targetSink->consumed.empty(); }, 2000));
+        EXPECT_EQ(pair.targetSink->consumed, std::vector<std::string>{"carried"});
+        EXPECT_EQ(pair.sourceSink->completed, 1);
+        _top->getRootContainer()->removeChildren();
+    }
+}
+
 TEST_F(XInputDragAndDrop, EscapeFromTheKeyboardCancelsTheDrag) {
-    UiContainer* root = _top->getRootContainer().get();
-    RCShdPtr<UiWidget> source = UiWidget::create(root, "source");
-    source->setRect({20, 80, 20, 80});
-    auto sourceSink = makeShared<StringSink>("carried");
-    RCShdPtr<UiDragAndDrop> sourceDnd = UiDragAndDrop::create();
-    sourceDnd->setDndSrcSink(sourceSink);
-    sourceDnd->setDragEnabled(true);
-    source->setDndObject(sourceDnd);
-    source->setDragRecogniser(std::make_unique<UiGestureDrag>());
+    DragPair pair(_top->getRootContainer().get());
+    auto& sourceSink = pair.sourceSink;
     pumpFor(50);
 
     moveTo(50, 50);
@@ -244,6 +273,58 @@ TEST_F(XInputDragAndDrop, EscapeFromTheKeyboardCancelsTheDrag) {
     pumpFor(50);
     EXPECT_EQ(sourceSink->cancelled, 1);
     EXPECT_EQ(sourceSink->completed, 0);
+}
+
+// The window manager's close button on a main window asks to quit: the exit handlers are
+// asked (this one refuses, so that the test's process goes on).
+TEST_F(XInputDesktop, TheCloseButtonOfTheMainWindowAsksToQuit) {
+    UiApplication& app = UiApplication::getInstance();
+    WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({500, 700, 100, 300});
+    style.setMainWindow(true);
+    RCShdPtr<UiTopLevel> main = UiTopLevel::create("main", nullptr, style);
+    main->show();
+    pumpFor(100);
+    struct Refuse : UiApplication::ExitHandler {
+        int asked = 0;
+        bool canExit() override { return ++asked, false; }
+    } refuse;
+    UiApplication::addExitHandler(&refuse);
+    _x.askToClose(nativeId(*main));
+    pumpUntil([&] { return refuse.asked > 0; }, 2000);
+    UiApplication::removeExitHandler(&refuse);
+    EXPECT_EQ(refuse.asked, 1);
+    app.clearCurrentWindow();
+}
+
+// Another client destroys one of the program's windows: no X error ends the program; the
+// window is closed as if its close button had been pressed, and the others go on.
+TEST_F(XInputDesktop, AWindowDestroyedUnderTheProgramIsClosed) {
+    UiApplication& app = UiApplication::getInstance();
+    WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({500, 700, 100, 300});
+    style.setMainWindow(false);
+    RCShdPtr<UiTopLevel> doomed = UiTopLevel::create("doomed", nullptr, style);
+    doomed->show();
+    pumpFor(100);
+    int closes = 0;
+    CbFunction<EvEvent> onClose([&](EvEvent&) { ++closes; });
+    app.addWindowCloseHandler(&onClose);
+    WsWindow* os = doomed->getOSWindow().get();
+    _x.destroy(nativeId(*doomed));
+    pumpUntil([&] { return closes > 0; }, 2000);
+    doomed->getRootContainer()->markForUpdate();
+    pumpFor(100);
+    app.removeWindowCloseHandle(&onClose);
+    EXPECT_EQ(closes, 1);
+    EXPECT_EQ(app.getWindowRef(os), nullptr);
+    // The other window still takes input.
+    RCShdPtr<UiWidget> w = UiWidget::create(_top->getRootContainer().get(), "alive");
+    w->setRect({20, 100, 20, 100});
+    moveTo(50, 50);
+    button(true);
+    button(false);
+    EXPECT_TRUE(
+        pumpUntil([&] { return UiFocusKeyboard::getInstance().getFocus() == w.get(); }, 2000));
+    app.clearCurrentWindow();
 }
 
 } // namespace
