@@ -102,22 +102,6 @@ int parse(int argc, char** argv, Options& options) {
 
 // The registered widget types, sorted. The factory registry names them only in its HTML dump,
 // one <font size=+1>NAME</font> cell per type.
-std::vector<std::string> widgetTypes() {
-    std::ostringstream html;
-    UiWidgetFactory::dumpHtml(html);
-    std::string const open = "<font size=+1>";
-    std::string const text = html.str();
-    std::vector<std::string> types;
-    for (std::size_t at = text.find(open); at != std::string::npos; at = text.find(open, at)) {
-        at += open.size();
-        std::size_t const end = text.find("</font>", at);
-        if (end == std::string::npos)
-            break;
-        types.push_back(text.substr(at, end - at));
-    }
-    return types;
-}
-
 // Checks the type of every definition and of every group in it before anything is built, so
 // that a name no factory knows is reported in the file's words. The walk keeps its own stack:
 // how deep a definition nests is the file's choice, not a limit of ours.
@@ -278,7 +262,7 @@ int main(int argc, char** argv) {
         // The factories are registered at start-up with or without graphics: no window needed.
         OsEnv::set("ZR_NO_GRAPHICS", "1");
         InInitGuard packages(argc, argv);
-        for (std::string const& type : widgetTypes())
+        for (std::string const& type : UiWidgetFactory::getRegisteredNames())
             std::cout << type << "\n";
         return 0;
     }

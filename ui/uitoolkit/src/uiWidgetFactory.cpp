@@ -66,6 +66,14 @@ void UiWidgetFactory::unregisterFactory(LiString const& name) {
     uiWidgetFactories.erase(it);
 }
 
+std::vector<std::string> UiWidgetFactory::getRegisteredNames() {
+    std::vector<std::string> names;
+    for (auto const& entry : registry())
+        names.push_back(entry.first.str());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 bool UiWidgetFactory::isRegistered(LiString const& name) {
     return registry().count(name) != 0;
 }

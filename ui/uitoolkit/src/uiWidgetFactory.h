@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 namespace Zr {
 
@@ -55,6 +56,8 @@ public:
     static void registerFactory(LiString const& name, OPtr<UiWidgetFactory> factory);
     static void unregisterFactory(LiString const& name);
     static bool isRegistered(LiString const& name);
+    // The registered names, sorted: the types a definition may use.
+    static std::vector<std::string> getRegisteredNames();
 
     // Creates a widget of `type` named `name`; throws UiWidgetDefinitionEx for an unknown
     // type. `element` is the definition, null for a widget made in code. Whatever fails in the

@@ -7,6 +7,8 @@
 
 #include "xmlElement.h"
 
+#include <algorithm>
+
 namespace Zr {
 
 namespace {
@@ -45,6 +47,14 @@ void UiWidgetGroupFactory::unregisterFactory(LiString const& name) {
     auto it = uiWidgetGroupFactories.find(name);
     ZR_ASSERT(it != uiWidgetGroupFactories.end());
     uiWidgetGroupFactories.erase(it);
+}
+
+std::vector<std::string> UiWidgetGroupFactory::getRegisteredNames() {
+    std::vector<std::string> names;
+    for (auto const& entry : registry())
+        names.push_back(entry.first.str());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 bool UiWidgetGroupFactory::isRegistered(LiString const& name) {

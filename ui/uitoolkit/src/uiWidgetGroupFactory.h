@@ -6,6 +6,9 @@
 
 #include "containers.h"
 
+#include <string>
+#include <vector>
+
 namespace Zr {
 
 class UiContainer;
@@ -22,6 +25,8 @@ public:
     static void registerFactory(LiString const& name, OPtr<UiWidgetGroupFactory> factory);
     static void unregisterFactory(LiString const& name);
     static bool isRegistered(LiString const& name);
+    // The registered names, sorted: the types a definition may use.
+    static std::vector<std::string> getRegisteredNames();
     // Builds the group `element` in `container` by the factory its Type attribute names; an
     // unknown or missing type fails an assertion.
     static void createGroup(RCShdPtr<UiContainer> const& container, XmlElement const& element);
