@@ -2,6 +2,8 @@
 # Builds the test configuration (Debug, AddressSanitizer and UndefinedBehaviorSanitizer)
 # and runs every test under a virtual X display, so windows and pixels are tested for real.
 # Usage: scripts/test.sh [extra ctest arguments]
+# GTEST_SHUFFLE=1 runs every test binary's tests in a random order (the tests must not depend
+# on each other's order); CI runs the suite once that way.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
@@ -14,6 +16,9 @@ export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
 export LSAN_OPTIONS=${LSAN_OPTIONS:-suppressions=$PWD/scripts/lsan.supp:print_suppressions=0}
 export SDL_VIDEODRIVER=${SDL_VIDEODRIVER:-x11}
 export LIBGL_ALWAYS_SOFTWARE=1
+# GoogleTest reads GTEST_SHUFFLE (and GTEST_RANDOM_SEED, to rerun an order) from the
+# environment; each binary prints the seed it used.
+[ -n "${GTEST_SHUFFLE:-}" ] && export GTEST_SHUFFLE
 cd "$build"
 if [ -z "${DISPLAY:-}" ] && command -v xvfb-run >/dev/null; then
   exec xvfb-run -a -s "-screen 0 1920x1080x24 -nolisten tcp" ctest --output-on-failure "$@"

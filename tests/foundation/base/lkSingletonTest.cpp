@@ -1,4 +1,6 @@
-// Singletons: built once under contention, destroyed on request, and the named locks.
+// Singletons: built once under contention, destroyed on request, and the named locks. A
+// singleton's state lasts as long as the process, so each test of a singleton's life runs in a
+// new process of this program: the tests hold in any order and under --gtest_repeat.
 #include "lkSingleton.h"
 
 #include <gtest/gtest.h>
@@ -57,58 +59,82 @@ public:
     ~Ordered() { std::fprintf(stderr, "destroyed %d\n", N); }
 };
 
+// Runs `body` in a new process of this test program, where every singleton is still unbuilt;
+// the child's failures are printed by it and fail the test through its exit status.
+template <class Body>
+void inNewProcess(Body body) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            body();
+            std::exit(::testing::Test::HasFailure() ? 1 : 0);
+        },
+        ::testing::ExitedWithCode(0), "");
+}
+
 TEST(LkSingletonTest, IsBuiltOnceUnderContention) {
-    EXPECT_FALSE(LkSingleton<SlowToBuild>::isInitialized());
-    EXPECT_STREQ(LkSingleton<SlowToBuild>::getStateName(), "UNINITIALIZED");
-    std::vector<std::thread> threads;
-    std::vector<SlowToBuild*> seen(8, nullptr);
-    for (int i = 0; i < 8; ++i)
-        threads.emplace_back([&seen, i] { seen[i] = &LkSingleton<SlowToBuild>::getInstance(); });
-    for (auto& t : threads)
-        t.join();
-    EXPECT_EQ(gConstructions.load(), 1);
-    for (SlowToBuild* p : seen)
-        EXPECT_EQ(p, seen[0]);
-    EXPECT_EQ(seen[0]->value, 42);
-    EXPECT_TRUE(LkSingleton<SlowToBuild>::isInitialized());
-    EXPECT_STREQ(LkSingleton<SlowToBuild>::getStateName(), "INITIALIZED");
+    inNewProcess([] {
+        EXPECT_FALSE(LkSingleton<SlowToBuild>::isInitialized());
+        EXPECT_STREQ(LkSingleton<SlowToBuild>::getStateName(), "UNINITIALIZED");
+        std::vector<std::thread> threads;
+        std::vector<SlowToBuild*> seen(8, nullptr);
+        for (int i = 0; i < 8; ++i)
+            threads.emplace_back(
+                [&seen, i] { seen[i] = &LkSingleton<SlowToBuild>::getInstance(); });
+        for (auto& t : threads)
+            t.join();
+        EXPECT_EQ(gConstructions.load(), 1);
+        for (SlowToBuild* p : seen)
+            EXPECT_EQ(p, seen[0]);
+        EXPECT_EQ(seen[0]->value, 42);
+        EXPECT_TRUE(LkSingleton<SlowToBuild>::isInitialized());
+        EXPECT_STREQ(LkSingleton<SlowToBuild>::getStateName(), "INITIALIZED");
+    });
 }
 
 TEST(LkSingletonTest, GetInstanceAfterDestroyThrows) {
-    LkSingleton<Destroyable>::getInstance();
-    int live = LkSingletonDestroyer::getNbLiveSingletons();
-    LkSingleton<Destroyable>::destroy();
-    EXPECT_EQ(gDestructions.load(), 1);
-    EXPECT_EQ(LkSingletonDestroyer::getNbLiveSingletons(), live - 1);
-    EXPECT_STREQ(LkSingleton<Destroyable>::getStateName(), "DESTROYED");
-    EXPECT_FALSE(LkSingleton<Destroyable>::isInitialized());
-    EXPECT_THROW(LkSingleton<Destroyable>::getInstance(), InSingletonEx::ExAlreadyDestroyed);
-    // A second destroy is harmless and deletes nothing.
-    LkSingleton<Destroyable>::destroy();
-    EXPECT_EQ(gDestructions.load(), 1);
+    inNewProcess([] {
+        LkSingleton<Destroyable>::getInstance();
+        int live = LkSingletonDestroyer::getNbLiveSingletons();
+        LkSingleton<Destroyable>::destroy();
+        EXPECT_EQ(gDestructions.load(), 1);
+        EXPECT_EQ(LkSingletonDestroyer::getNbLiveSingletons(), live - 1);
+        EXPECT_STREQ(LkSingleton<Destroyable>::getStateName(), "DESTROYED");
+        EXPECT_FALSE(LkSingleton<Destroyable>::isInitialized());
+        EXPECT_THROW(LkSingleton<Destroyable>::getInstance(), InSingletonEx::ExAlreadyDestroyed);
+        // A second destroy is harmless and deletes nothing.
+        LkSingleton<Destroyable>::destroy();
+        EXPECT_EQ(gDestructions.load(), 1);
+    });
 }
 
 TEST(LkSingletonTest, ExistingInstanceIsNotBuiltOnDemand) {
-    struct NeverBuilt {};
-    try {
-        LkSingleton<NeverBuilt>::getExistingInstance();
-        FAIL() << "expected an assertion";
-    } catch (ExAssertionFailed const& ex) {
-        EXPECT_EQ(ex.getReason(), "_pointee != 0");
-    }
-    EXPECT_FALSE(LkSingleton<NeverBuilt>::isInitialized());
+    inNewProcess([] {
+        struct NeverBuilt {};
+        try {
+            LkSingleton<NeverBuilt>::getExistingInstance();
+            FAIL() << "expected an assertion";
+        } catch (ExAssertionFailed const& ex) {
+            EXPECT_EQ(ex.getReason(), "_pointee != 0");
+        }
+        EXPECT_FALSE(LkSingleton<NeverBuilt>::isInitialized());
+    });
 }
 
 TEST(LkSingletonTest, FailedConstructionCanBeRetried) {
-    EXPECT_THROW(LkSingleton<FailsOnce>::getInstance(), std::runtime_error);
-    EXPECT_STREQ(LkSingleton<FailsOnce>::getStateName(), "UNINITIALIZED");
-    EXPECT_NO_THROW(LkSingleton<FailsOnce>::getInstance());
-    EXPECT_TRUE(LkSingleton<FailsOnce>::isInitialized());
+    inNewProcess([] {
+        EXPECT_THROW(LkSingleton<FailsOnce>::getInstance(), std::runtime_error);
+        EXPECT_STREQ(LkSingleton<FailsOnce>::getStateName(), "UNINITIALIZED");
+        EXPECT_NO_THROW(LkSingleton<FailsOnce>::getInstance());
+        EXPECT_TRUE(LkSingleton<FailsOnce>::isInitialized());
+    });
 }
 
 TEST(LkSingletonTest, ConstructorAskingForItselfIsReportedNotDeadlocked) {
-    EXPECT_THROW(LkSingleton<AsksForItself>::getInstance(), ExAssertionFailed);
-    EXPECT_FALSE(LkSingleton<AsksForItself>::isInitialized());
+    inNewProcess([] {
+        EXPECT_THROW(LkSingleton<AsksForItself>::getInstance(), ExAssertionFailed);
+        EXPECT_FALSE(LkSingleton<AsksForItself>::isInitialized());
+    });
 }
 
 // The destroyer runs at exit, so the order is watched in a child process that exits.

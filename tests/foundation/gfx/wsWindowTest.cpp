@@ -22,6 +22,13 @@ RCShdPtr<WsHeadlessWindow> makeWindow(GeRectangle<int> const& rect = {10, 110, 2
     return dynamicCast<WsHeadlessWindow>(w);
 }
 
+// The whole screen: 1920 by 1080 headless, the display's size once a window system has run in
+// this process (the SDL tests may have run first).
+GeRectangle<int> screenRect() {
+    GeVector2<int> size = WsScreen::getInstance().getSize();
+    return {0, size.x, 0, size.y};
+}
+
 struct RectLog : CbHandler<GeRectangle<int> const> {
     std::vector<GeRectangle<int>> rects;
     void call(GeRectangle<int> const& r) override { rects.push_back(r); }
@@ -113,7 +120,7 @@ TEST(WsWindowTest, FullscreenCoversTheScreenAndRestores) {
     w->addResizeCb(&resized);
     w->setFullscreen(true);
     w->setFullscreen(true);
-    EXPECT_EQ((GeRectangle<int>{0, 1920, 0, 1080}), w->getGeometry());
+    EXPECT_EQ(screenRect(), w->getGeometry());
     w->setFullscreen(false);
     EXPECT_EQ((GeRectangle<int>{10, 110, 20, 80}), w->getGeometry());
     EXPECT_EQ(2u, resized.rects.size());
@@ -133,11 +140,13 @@ TEST(WsWindowTest, StylesForTheToolkitsWindows) {
 
     auto full = WsWindowStyleUtils::getFullscreenWindowStyle(24, false);
     EXPECT_TRUE(full.isFullscreen());
-    EXPECT_EQ((GeRectangle<int>{0, 1920, 0, 1080}), full.getRect());
+    EXPECT_EQ(screenRect(), full.getRect());
 
     auto splash = WsWindowStyleUtils::getSplashWindowStyle({400, 200}, 24);
     EXPECT_TRUE(splash.isSplash());
-    EXPECT_EQ((GeRectangle<int>{760, 1160, 440, 640}), splash.getRect());
+    GeRectangle<int> screen = screenRect();
+    int x1 = (screen.x2 - 400) / 2, y1 = (screen.y2 - 200) / 2; // centred
+    EXPECT_EQ((GeRectangle<int>{x1, x1 + 400, y1, y1 + 200}), splash.getRect());
 
     auto parent = makeWindow();
     auto sub = WsWindowStyleUtils::getSubWindowStyle(parent.get(), {1, 5, 1, 5}, true);
@@ -208,7 +217,11 @@ TEST(WsWindowTest, CursorsAreSharedByName) {
 }
 
 TEST(WsWindowTest, HeadlessServices) {
-    EXPECT_EQ((GeVector2<int>{1920, 1080}), WsScreen::getInstance().getSize());
+    WsScreen& screen = WsScreen::getInstance();
+    GeVector2<int> size = screen.getSize();
+    screen.setSize({1280, 1024}); // as a window system would
+    EXPECT_EQ((GeVector2<int>{1280, 1024}), screen.getSize());
+    screen.setSize(size);
     EXPECT_EQ(8, WsDrawable::getPixelFormat().stencilBits);
 
     WsClipboard::getInstance().setText("node1");

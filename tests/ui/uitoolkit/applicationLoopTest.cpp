@@ -7,6 +7,8 @@
 #include "wsHeadlessWindow.h"
 
 #include <atomic>
+#include <cstdio>
+#include <cstdlib>
 #include <thread>
 
 namespace Zr {
@@ -243,26 +245,39 @@ TEST_F(AppLoop, ClosingTheMainWindowAsksExitHandlersThenEndsTheLoop) {
     EXPECT_TRUE(app.isExitRequested());
 }
 
+// The first call of resetCursor in the process is special, so the test runs in a new process
+// of this program, where no call has happened yet: it holds in any order and when repeated.
 TEST_F(AppLoop, ResetCursorShowsDanceFirstAndNormalAfter) {
-    UiApplication& app = UiApplication::getInstance();
-    RCShdPtr<UiTopLevel> top = UiTopLevel::create("cursors");
-    auto* window = dynamic_cast<WsHeadlessWindow*>(top->getOSWindow().get());
-    ASSERT_NE(window, nullptr);
-    app.resetCursor();
-    ASSERT_TRUE(window->getCursor());
-    EXPECT_EQ(window->getCursor()->getName(), WsCursorRegistry::Dance);
-    EXPECT_TRUE(app.hasOverrideCursor());
-    app.resetCursor();
-    EXPECT_EQ(window->getCursor()->getName(), WsCursorRegistry::Normal);
-    EXPECT_FALSE(app.hasOverrideCursor());
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            UiApplication& app = UiApplication::getInstance();
+            RCShdPtr<UiTopLevel> top = UiTopLevel::create("cursors");
+            auto* window = dynamic_cast<WsHeadlessWindow*>(top->getOSWindow().get());
+            ASSERT_NE(window, nullptr);
+            app.resetCursor();
+            ASSERT_TRUE(window->getCursor());
+            EXPECT_EQ(window->getCursor()->getName(), WsCursorRegistry::Dance);
+            EXPECT_TRUE(app.hasOverrideCursor());
+            app.resetCursor();
+            EXPECT_EQ(window->getCursor()->getName(), WsCursorRegistry::Normal);
+            EXPECT_FALSE(app.hasOverrideCursor());
 
-    app.pushOverrideCursor(WsCursorRegistry::getInstance().getCursor(WsCursorRegistry::Busy));
-    app.replaceOverrideCursor(WsCursorRegistry::getInstance().getCursor(WsCursorRegistry::Pick));
-    EXPECT_EQ(window->getCursor()->getName(), WsCursorRegistry::Pick);
-    app.popOverrideCursor();
-    EXPECT_EQ(window->getCursor()->getName(), WsCursorRegistry::Normal);
-    app.popOverrideCursor(); // on an empty stack: harmless
-    EXPECT_FALSE(app.hasOverrideCursor());
+            app.pushOverrideCursor(
+                WsCursorRegistry::getInstance().getCursor(WsCursorRegistry::Busy));
+            app.replaceOverrideCursor(
+                WsCursorRegistry::getInstance().getCursor(WsCursorRegistry::Pick));
+            EXPECT_EQ(window->getCursor()->getName(), WsCursorRegistry::Pick);
+            app.popOverrideCursor();
+            EXPECT_EQ(window->getCursor()->getName(), WsCursorRegistry::Normal);
+            app.popOverrideCursor(); // on an empty stack: harmless
+            EXPECT_FALSE(app.hasOverrideCursor());
+            // Ends here, with the window still open: nothing of the process's teardown is
+            // under test.
+            std::fflush(nullptr);
+            std::_Exit(::testing::Test::HasFailure() ? 1 : 0);
+        },
+        ::testing::ExitedWithCode(0), "");
 }
 
 TEST_F(AppLoop, EventsOfUnknownWindowsAreDroppedSilently) {

@@ -42,8 +42,9 @@ public:
     using ReverseEntryMap = std::map<int, EntryPath>;
     using HotkeyMap = std::multimap<UiHotkey, int>;
 
-    // What toString renders: the type word, or the whole hotkey (any other value).
-    enum StringElement { WholeHotkey = 0, TypeWord = 1 };
+    // What toString renders: the type word, or the whole hotkey (any other value). The fixed
+    // underlying type makes every int a valid value, so callers may pass any number.
+    enum StringElement : int { WholeHotkey = 0, TypeWord = 1 };
     // The kinds of internal hotkeys: debugging ones exist only with ZR_USE_DEBUG_HOTKEYS set.
     enum InternalType { InternalTool = 0, InternalDebug = 1 };
 
