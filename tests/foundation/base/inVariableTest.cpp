@@ -4,10 +4,10 @@
 #include "inInitGuard.h"
 #include "osEnv.h"
 
+#include "support/testSupport.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
 #include <sstream>
 #include <thread>
 
@@ -29,20 +29,16 @@ struct VariableFixture : ::testing::Test {
 
 } // namespace
 
-TEST_F(VariableFixture, DefaultWhenNothingSetsIt) {
-    InVariable<int> v("vt::int", 7, {InEnvAlias("ZR_VT_INT"), InArgAlias("vtint")});
-    EXPECT_EQ(7, v.getValue());
-    EXPECT_FALSE(v.isSet());
-    EXPECT_EQ("7", v.getValueText());
-    EXPECT_STREQ("int", v.getTypeName());
-}
-
-TEST_F(VariableFixture, EnvironmentThenCommandLineWin) {
+TEST_F(VariableFixture, DefaultThenEnvironmentThenCommandLineWin) {
     OsEnv::set("ZR_VT_BOOL", "1");
     OsEnv::set("ZR_VT_STRING", "from env");
     InVariable<bool> flag("vt::bool", false, {InEnvAlias("ZR_VT_BOOL"), InArgAlias("vtflag")});
     InVariable<std::string> text("vt::string", "def",
                                  {InEnvAlias("ZR_VT_STRING"), InArgAlias("vttext")});
+    InVariable<int> unset("vt::int", 7, {InEnvAlias("ZR_VT_INT"), InArgAlias("vtint")});
+    EXPECT_EQ(7, unset.getValue());
+    EXPECT_FALSE(unset.isSet());
+    EXPECT_EQ("7", unset.getValueText());
     EXPECT_TRUE(flag.getValue());
     EXPECT_EQ(InValueSource::Environment, flag.getSource());
     EXPECT_EQ("from env", text.getValue());
@@ -57,7 +53,7 @@ TEST_F(VariableFixture, EnvironmentThenCommandLineWin) {
     EXPECT_TRUE(flag.getValue()); // back to the environment's value
 }
 
-TEST_F(VariableFixture, CommandLineForms) {
+TEST_F(VariableFixture, CommandLineFormsAndTheGuardsCommandLine) {
     InVariable<bool> a("vt::a", false, {InArgAlias("fa")});
     InVariable<bool> b("vt::b", false, {InArgAlias("fb")});
     InVariable<int> n("vt::n", 0, {InArgAlias("num")});
@@ -72,29 +68,26 @@ TEST_F(VariableFixture, CommandLineForms) {
     EXPECT_EQ(2.5, d.getValue());
     EXPECT_EQ("-x", s.getValue());
     EXPECT_FALSE(after.getValue()); // after "--"
-}
 
-TEST_F(VariableFixture, GuardAppliesItsCommandLine) {
-    InVariable<bool> splash("vt::nosplash", false, {InArgAlias("vtnosplash")});
+    // The start-up guard applies its command line.
     char arg0[] = "prog";
-    char arg1[] = "-vtnosplash";
+    char arg1[] = "-after";
     char* argv[] = {arg0, arg1, nullptr};
-    {
-        InInitGuard guard(2, argv);
-        EXPECT_TRUE(splash.getValue());
-    }
+    InInitGuard guard(2, argv);
+    EXPECT_TRUE(after.getValue());
 }
 
 TEST_F(VariableFixture, BadValuesAreReportedAndKeepTheLowerSource) {
     OsEnv::set("ZR_VT_INT", "12");
     InVariable<int> v("vt::bad", 1, {InEnvAlias("ZR_VT_INT"), InArgAlias("vtbad")});
-    ::testing::internal::CaptureStdout();
-    InVariableBase::setCommandLine({"--vtbad=twelve", "--vtmissing"});
-    InVariable<int> missing("vt::missing", 5, {InArgAlias("vtmissing")});
-    std::string out = ::testing::internal::GetCapturedStdout();
+    std::optional<InVariable<int>> missing;
+    std::string out = TestSupport::printed([&] {
+        InVariableBase::setCommandLine({"--vtbad=twelve", "--vtmissing"});
+        missing.emplace("vt::missing", 5, std::vector<InAlias>{InArgAlias("vtmissing")});
+    });
     EXPECT_EQ(12, v.getValue());
     EXPECT_EQ(InValueSource::Environment, v.getSource());
-    EXPECT_EQ(5, missing.getValue());
+    EXPECT_EQ(5, missing->getValue());
     EXPECT_EQ("Invalid value \"twelve\" for vtbad (command line) of vt::bad: expected type int; "
               "keeping 12\n"
               "Missing value for command-line option --vtmissing\n",
@@ -102,15 +95,14 @@ TEST_F(VariableFixture, BadValuesAreReportedAndKeepTheLowerSource) {
 }
 
 TEST_F(VariableFixture, DefinitionsFileIsTheWeakestSource) {
-    std::string path = (OsFilePath::getTempDir() + OsFilePath("zr_inVariableTest.defs")).toString();
-    std::ofstream(path) << "# defaults of the site\nvt.width = 640\nnot a definition\n\nvt.name = "
-                           "site name \n";
+    TestSupport::TempFile defs("zr_inVariableTest.defs",
+                               "# defaults of the site\nvt.width = 640\nnot a "
+                               "definition\n\nvt.name = site name \n");
     InVariable<int> width("vt::width", 1, {InDefAlias("vt.width"), InEnvAlias("ZR_VT_INT")});
     InVariable<std::string> name("vt::name", "", {InDefAlias("vt.name")});
-    ::testing::internal::CaptureStdout();
-    EXPECT_TRUE(InVariableBase::loadDefinitionsFile(OsFilePath(path)));
-    EXPECT_EQ(path + ":3: expected key = value\n", ::testing::internal::GetCapturedStdout());
-    std::remove(path.c_str());
+    EXPECT_EQ(defs.path.toString() + ":3: expected key = value\n", TestSupport::printed([&] {
+                  EXPECT_TRUE(InVariableBase::loadDefinitionsFile(defs.path));
+              }));
     EXPECT_EQ(640, width.getValue());
     EXPECT_EQ(InValueSource::Definitions, width.getSource());
     EXPECT_EQ("site name", name.getValue());
@@ -162,10 +154,8 @@ TEST(EnvIntVarTest, ReadsOnceAndFallsBackToTheDefault) {
 
     OsEnv::set("ZR_VT_DELAY", "soon");
     EnvIntVar bad(__FILE__, "ZR_VT_DELAY", 500);
-    ::testing::internal::CaptureStdout();
-    EXPECT_EQ(500, bad.getValue());
     EXPECT_EQ("Invalid value \"soon\" for ZR_VT_DELAY: expected an integer; using 500\n",
-              ::testing::internal::GetCapturedStdout());
+              TestSupport::printed([&] { EXPECT_EQ(500, bad.getValue()); }));
     OsEnv::unset("ZR_VT_DELAY");
 
     EnvIntVar unset(__FILE__, "ZR_VT_DELAY", -3);

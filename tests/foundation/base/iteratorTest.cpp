@@ -3,6 +3,8 @@
 #include "iterator.h"
 #include "containers.h"
 
+#include "support/exceptionReason.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -19,25 +21,34 @@ std::vector<std::remove_const_t<T>> collect(Iterator<T> it) {
     return out;
 }
 
-TEST(IteratorTest, WalksAReferencedRangeAndWritesThrough) {
+TEST(IteratorTest, WalksWritesThroughAndCopiesWalkOnIndependently) {
     Vector<int> values{1, 2, 3};
     Iterator<int> it = makeIterator(values);
-    EXPECT_EQ(it.getCardinality(), 3);
     for (; !it.atEnd(); ++it)
         *it *= 10;
     EXPECT_EQ(values, (Vector<int>{10, 20, 30}));
     EXPECT_EQ(it.getCardinality(), 3); // the whole walk, not what is left
-}
 
-TEST(IteratorTest, CopiesWalkOnIndependently) {
     List<std::string> names{"a", "b", "c"};
     Iterator<std::string> first = makeIterator(names);
     ++first;
     Iterator<std::string> second = first;
     ++second;
     EXPECT_EQ(*first, "b");
-    EXPECT_EQ(*second, "c");
     EXPECT_EQ(second->size(), 1u);
+    EXPECT_EQ(*second, "c");
+
+    // Const cursors, over maps and from mutable ones.
+    std::map<std::string, int> table{{"x", 1}, {"y", 2}};
+    ConstIterator<std::pair<std::string const, int>> entry = makeConstIterator(table);
+    EXPECT_EQ(entry.getCardinality(), 2);
+    EXPECT_EQ(entry->first, "x");
+    ConstIterator<int> view = makeIterator(values);
+    ++view;
+    ConstIterator<int> viewCopy = view;
+    ++viewCopy;
+    EXPECT_EQ(*view, 20);
+    EXPECT_EQ(*viewCopy, 30);
 }
 
 TEST(IteratorTest, KeepsAnRvalueRangeAlive) {
@@ -45,8 +56,7 @@ TEST(IteratorTest, KeepsAnRvalueRangeAlive) {
     Iterator<int> clone = it;
     it = Iterator<int>();
     EXPECT_EQ(collect(clone), (Vector<int>{4, 5}));
-    ConstIterator<int> fromTemp = makeConstIterator(Vector<int>{6});
-    EXPECT_EQ(collect<int const>(fromTemp), (Vector<int>{6}));
+    EXPECT_EQ(collect<int const>(makeConstIterator(Vector<int>{6})), (Vector<int>{6}));
 }
 
 TEST(IteratorTest, EndIsGuarded) {
@@ -55,12 +65,8 @@ TEST(IteratorTest, EndIsGuarded) {
     ++it;
     EXPECT_TRUE(it.atEnd());
     EXPECT_THROW(++it, IteratorEx::ExOutOfRange);
-    try {
-        *it;
-        FAIL() << "expected ExOutOfRange";
-    } catch (IteratorEx::ExOutOfRange const& ex) {
-        EXPECT_EQ(ex.getReason(), "Iterator dereferenced at its end");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<IteratorEx::ExOutOfRange>([&] { *it; }),
+              "Iterator dereferenced at its end");
     Iterator<int> empty(std::make_unique<IteratorEmpty<int>>());
     EXPECT_TRUE(empty.atEnd());
     EXPECT_EQ(empty.getCardinality(), 0);
@@ -70,30 +76,12 @@ TEST(IteratorTest, EndIsGuarded) {
     EXPECT_THROW(++defaulted, IteratorEx::ExOutOfRange);
 }
 
-TEST(IteratorTest, ConstCursorsOverMapsAndFromMutableOnes) {
-    std::map<std::string, int> table{{"x", 1}, {"y", 2}};
-    ConstIterator<std::pair<std::string const, int>> it = makeConstIterator(table);
-    EXPECT_EQ(it.getCardinality(), 2);
-    EXPECT_EQ(it->first, "x");
-    Vector<int> values{7, 8};
-    ConstIterator<int> view = makeIterator(values);
-    ++view;
-    EXPECT_EQ(*view, 8);
-    ConstIterator<int> viewCopy = view;
-    ++viewCopy;
-    EXPECT_TRUE(viewCopy.atEnd());
-    EXPECT_FALSE(view.atEnd());
-}
-
 TEST(ContainersTest, HashMapHashesLiStringsWithTheirOwnHash) {
     HashMap<LiString, int> byName;
     byName[LiString("red")] = 1;
     byName[LiString("green")] = 2;
     EXPECT_EQ(byName.at(LiString("red")), 1);
     EXPECT_EQ(Hash<LiString>()(LiString("red")), LiString("red").hashFunc());
-    HashMap<int, std::string> byNumber{{3, "three"}};
-    EXPECT_EQ(byNumber[3], "three");
-    EXPECT_EQ(Hash<int>()(5), std::hash<int>()(5));
 }
 
 } // namespace

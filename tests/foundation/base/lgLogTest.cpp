@@ -5,6 +5,8 @@
 #include "lgMinorGroup.h"
 #include "osEnv.h"
 
+#include "support/testSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -33,7 +35,7 @@ struct LgRoutingFixture : ::testing::Test {
 
 } // namespace
 
-TEST(LgGroupTest, MajorGroupsAreOnePerNameAndKnowTheirMinors) {
+TEST(LgGroupTest, MajorGroupsAreOnePerNameAndKnowTheirMinorsAndFormattedNamesPadOrCut) {
     LgMajorGroup& gfx = LgMajorGroup::getInstanceForName("LgTestGfx");
     EXPECT_EQ(&gfx, &LgMajorGroup::getInstanceForName("LgTestGfx"));
     EXPECT_NE(&gfx, &LgMajorGroup::getInstanceForName("LgTestOther"));
@@ -44,6 +46,10 @@ TEST(LgGroupTest, MajorGroupsAreOnePerNameAndKnowTheirMinors) {
         EXPECT_EQ(nullptr, gfx.findMinor("UiResources"));
     }
     EXPECT_EQ(nullptr, gfx.findMinor("UiEvents"));
+    LgMinorGroup g(gfx, "UiEvents");
+    EXPECT_EQ("UiEvents       ", g.getFormattedName(15));
+    EXPECT_EQ("UiEv", g.getFormattedName(4));
+    EXPECT_EQ("", g.getFormattedName(0));
 }
 
 TEST(LgGroupTest, MajorGroupCreationIsThreadSafe) {
@@ -55,13 +61,6 @@ TEST(LgGroupTest, MajorGroupCreationIsThreadSafe) {
         t.join();
     for (LgMajorGroup* g : seen)
         EXPECT_EQ(seen[0], g);
-}
-
-TEST(LgGroupTest, FormattedNamePadsOrCuts) {
-    LgMinorGroup g(LgMajorGroup::getInstanceForName("LgTestGfx"), "UiEvents");
-    EXPECT_EQ("UiEvents       ", g.getFormattedName(15));
-    EXPECT_EQ("UiEv", g.getFormattedName(4));
-    EXPECT_EQ("", g.getFormattedName(0));
 }
 
 TEST(LgGroupTest, FlagsComeFromTheEnvironment) {
@@ -83,43 +82,31 @@ TEST(LgGroupTest, FlagsComeFromTheEnvironment) {
     EXPECT_TRUE(unset.isActive(6));
 }
 
-TEST_F(LgRoutingFixture, LineGoesToStandardOutputBeforeInitialisation) {
+TEST_F(LgRoutingFixture, LineGoesToStandardOutputThenTheOutputStreamThenTheQueue) {
     LgMinorGroup g(LgMajorGroup::getInstanceForName("Gfx"), "UiEvents");
+    LgMinorGroup res(LgMajorGroup::getInstanceForName("Gfx"), "UiResources");
+    // Before initialisation: standard output.
     LgLog::_initialized = false;
     LgLog::_loggerActive = false;
-    ::testing::internal::CaptureStdout();
-    LgLog::writeLine(g, "text");
-    Trace::log(g, "second");
-    EXPECT_EQ("[UiEvents       ] text\n[UiEvents       ] second\n",
-              ::testing::internal::GetCapturedStdout());
+    EXPECT_EQ("[UiEvents       ] text\n[UiEvents       ] second\n", TestSupport::printed([&] {
+                  LgLog::writeLine(g, "text");
+                  Trace::log(g, "second");
+              }));
     EXPECT_EQ(0u, LgLog::getQueue().getPendingCount());
-}
-
-TEST_F(LgRoutingFixture, LineGoesToOutputEntryOnceInitialised) {
-    LgMinorGroup g(LgMajorGroup::getInstanceForName("Gfx"), "UiResources");
+    // Initialised: the output stream, with the entry's name.
     std::ostringstream os;
     LgLog::setOutputStream(&os);
     LgLog::_initialized = true;
-    LgLog::_loggerActive = false;
-    LgLog::writeLine(g, "loaded", "res");
-    LgLog::writeLine(g, "again");
+    LgLog::writeLine(res, "loaded", "res");
+    LgLog::writeLine(res, "again");
     EXPECT_EQ("res: [UiResources    ] loaded\nmain: [UiResources    ] again\n", os.str());
-
     std::ostringstream prefix;
-    LgLog::printPrefix(prefix, g);
+    LgLog::printPrefix(prefix, res);
     EXPECT_EQ("[UiResources    ] ", prefix.str());
-}
-
-TEST_F(LgRoutingFixture, LineGoesToTheQueueWhileTheLoggerIsActive) {
-    LgMinorGroup g(LgMajorGroup::getInstanceForName("Gfx"), "UiEvents");
-    std::ostringstream os;
-    LgLog::setOutputStream(&os);
-    LgLog::_initialized = true;
+    // While the logger is active: the queue.
     LgLog::_loggerActive = true;
-    ::testing::internal::CaptureStdout();
-    LgLog::writeLine(g, "queued");
-    EXPECT_EQ("", ::testing::internal::GetCapturedStdout());
-    EXPECT_EQ("", os.str());
+    EXPECT_EQ("", TestSupport::printed([&] { LgLog::writeLine(g, "queued"); }));
+    EXPECT_EQ("res: [UiResources    ] loaded\nmain: [UiResources    ] again\n", os.str());
     auto lines = LgLog::getQueue().drain();
     ASSERT_EQ(1u, lines.size());
     EXPECT_EQ("[UiEvents       ] queued", lines[0]._text);

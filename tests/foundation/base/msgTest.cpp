@@ -4,29 +4,21 @@
 #include "msgFileGuard.h"
 #include "msgProtocol.h"
 
-#include <gtest/gtest.h>
+#include "support/testSupport.h"
 
-#include <cstdio>
-#include <fstream>
+#include <gtest/gtest.h>
 
 using namespace Zr;
 
 namespace {
 
-// Writes message files into the temporary directory and points the resources directory there.
+// Points the resources directory at the temporary directory, where the message files are.
 struct MsgFileFixture : ::testing::Test {
     void SetUp() override { InPaths::setResourcesDir(OsFilePath::getTempDir()); }
-    void TearDown() override {
-        for (auto const& f : _files)
-            std::remove((OsFilePath::getTempDir() + OsFilePath(f)).getChars());
-        InPaths::setResourcesDir(OsFilePath());
+    void TearDown() override { InPaths::setResourcesDir(OsFilePath()); }
+    static std::string pathOf(std::string const& name) {
+        return (OsFilePath::getTempDir() + OsFilePath(name)).toString();
     }
-    void write(std::string const& name, std::string const& text) {
-        std::ofstream((OsFilePath::getTempDir() + OsFilePath(name)).getChars(), std::ios::binary)
-            << text;
-        _files.push_back(name);
-    }
-    std::vector<std::string> _files;
 };
 
 } // namespace
@@ -60,73 +52,51 @@ TEST(MsgServerTest, ParsesEscapesCommentsAndReportsBadLines) {
     EXPECT_EQ(expected, problems);
 }
 
-TEST_F(MsgFileFixture, GuardLoadsKeepsGoodLinesAndUnloads) {
-    write("zr_msgTest_a.msg",
-          "MSG_X = \"Cannot read %1 at line %2\"\nbroken line\nMSG_Y = \"y\"\n");
+TEST_F(MsgFileFixture, GuardLoadsKeepsGoodLinesUnloadsAndLaterFilesWin) {
+    TestSupport::TempFile a("zr_msgTest_a.msg",
+                            "MSG_X = \"Cannot read %1 at line %2\"\nbroken line\nMSG_Y = \"y\"\n");
+    TestSupport::TempFile b("zr_msgTest_b.msg", "MSG_Y = \"second\"\n");
     std::size_t before = MsgServer::getInstance().getNbFiles();
-    ::testing::internal::CaptureStdout();
+    std::optional<MsgFileGuard> guardA;
+    EXPECT_EQ(pathOf("zr_msgTest_a.msg") + ":2: expected '=' after broken\n",
+              TestSupport::printed([&] { guardA.emplace("zr_msgTest_a.msg"); }));
+    MsgWarning w(MsgSubscription("MSG_X"), {"file.xml", 3});
+    EXPECT_EQ("Cannot read file.xml at line 3", w.getText());
+    EXPECT_EQ("MSG_X", w.getId());
     {
-        MsgFileGuard guard("zr_msgTest_a.msg");
-        std::string out = ::testing::internal::GetCapturedStdout();
-        EXPECT_EQ((OsFilePath::getTempDir() + OsFilePath("zr_msgTest_a.msg")).toString() +
-                      ":2: expected '=' after broken\n",
-                  out);
-        EXPECT_EQ("y", MsgServer::getInstance().lookup("MSG_Y").value_or(""));
-        MsgWarning w(MsgSubscription("MSG_X"), {"file.xml", 3});
-        EXPECT_EQ("Cannot read file.xml at line 3", w.getText());
-        EXPECT_EQ("MSG_X", w.getId());
+        MsgFileGuard guardB("zr_msgTest_b.msg");
+        EXPECT_EQ("second", MsgInformation(MsgSubscription("MSG_Y")).getText());
     }
+    EXPECT_EQ("y", MsgServer::getInstance().lookup("MSG_Y").value_or(""));
+    guardA.reset();
     EXPECT_EQ(before, MsgServer::getInstance().getNbFiles());
     EXPECT_FALSE(MsgServer::getInstance().lookup("MSG_Y"));
+
+    EXPECT_EQ(pathOf("zr_msgTest_missing.msg") + ": cannot read the message file\n",
+              TestSupport::printed([] { MsgFileGuard guard("zr_msgTest_missing.msg"); }));
 }
 
-TEST_F(MsgFileFixture, LaterFilesTakePrecedence) {
-    write("zr_msgTest_b.msg", "MSG_P = \"first\"\nMSG_Q = \"only in b\"\n");
-    write("zr_msgTest_c.msg", "MSG_P = \"second\"\n");
-    MsgFileGuard b("zr_msgTest_b.msg");
-    {
-        MsgFileGuard c("zr_msgTest_c.msg");
-        EXPECT_EQ("second", MsgInformation(MsgSubscription("MSG_P")).getText());
-        EXPECT_EQ("only in b", MsgInformation(MsgSubscription("MSG_Q")).getText());
-    }
-    EXPECT_EQ("first", MsgInformation(MsgSubscription("MSG_P")).getText());
-}
-
-TEST_F(MsgFileFixture, MissingFileIsReportedAndNotThrown) {
-    ::testing::internal::CaptureStdout();
-    { MsgFileGuard guard("zr_msgTest_missing.msg"); }
-    std::string out = ::testing::internal::GetCapturedStdout();
-    EXPECT_EQ((OsFilePath::getTempDir() + OsFilePath("zr_msgTest_missing.msg")).toString() +
-                  ": cannot read the message file\n",
-              out);
-}
-
-TEST(MsgBaseTest, SubstitutionOfArguments) {
+TEST(MsgBaseTest, SubstitutionOfArgumentsAndUnknownSubscriptions) {
     EXPECT_EQ("a=x b=y a=x", MsgError("a=%1 b=%2 a=%1", {"x", "y"}).getText());
     EXPECT_EQ("100% of %3 and %x%", MsgError("%1%% of %3 and %x%", {100}).getText());
     // Arguments are inserted verbatim, never scanned again.
     EXPECT_EQ("expr %2 ok", MsgError("expr %1 ok", {MsgProtocol::substitute("%2"), "z"}).getText());
     EXPECT_EQ("1.5 and true", MsgWarning("%1 and %2").arg(1.5).arg(true).getText());
     EXPECT_EQ("p%12", MsgError("%1%12", {"p"}).getText()); // %12 has no argument
+    // An unknown subscription shows its identifier.
+    EXPECT_EQ("MSG_NOT_LOADED_ANYWHERE",
+              MsgError(MsgSubscription("MSG_NOT_LOADED_ANYWHERE"), {"arg"}).getText());
 }
 
-TEST(MsgBaseTest, UnknownSubscriptionShowsItsIdentifier) {
-    MsgError e(MsgSubscription("MSG_NOT_LOADED_ANYWHERE"), {"arg"});
-    EXPECT_EQ("MSG_NOT_LOADED_ANYWHERE", e.getText());
-    EXPECT_EQ("MSG_NOT_LOADED_ANYWHERE", e.getTemplate());
-    EXPECT_EQ(std::vector<std::string>{"arg"}, e.getArguments());
-}
-
-TEST(MsgProtocolTest, DefaultHandlerWritesSeverityAndText) {
-    ::testing::internal::CaptureStderr();
-    MsgProtocol::display(MsgWarning("careful %1", {"now"}));
-    MsgProtocol::display(MsgError("broken"));
-    MsgProtocol::display(MsgInformation("fyi"));
+TEST(MsgProtocolTest, DefaultHandlerWritesSeverityAndTextAndAReplacedOneSeesMessages) {
     EXPECT_EQ("Warning: careful now\nError: broken\nInformation: fyi\n",
-              ::testing::internal::GetCapturedStderr());
-}
-
-TEST(MsgProtocolTest, ReplacedHandlerSeesMessagesAndPreviousIsReturned) {
+              TestSupport::printed(
+                  [] {
+                      MsgProtocol::display(MsgWarning("careful %1", {"now"}));
+                      MsgProtocol::display(MsgError("broken"));
+                      MsgProtocol::display(MsgInformation("fyi"));
+                  },
+                  true));
     std::vector<std::string> seen;
     auto previous = MsgProtocol::setDisplayHandler([&seen](MsgBase const& m) {
         seen.push_back(std::string(m.getSeverityName()) + "|" + m.getText());
@@ -135,15 +105,10 @@ TEST(MsgProtocolTest, ReplacedHandlerSeesMessagesAndPreviousIsReturned) {
     MsgProtocol::display(MsgInformation(MsgSubscription("MSG_NODEUI_VALID_EXPR"),
                                         {MsgProtocol::substitute("frame * 2")}));
     MsgProtocol::display(MsgError("e"));
-    auto mine = MsgProtocol::setDisplayHandler(nullptr); // back to the default
-    EXPECT_TRUE(static_cast<bool>(mine));
-    std::vector<std::string> expected = {"Information|MSG_NODEUI_VALID_EXPR", "Error|e"};
-    EXPECT_EQ(expected, seen);
-
-    ::testing::internal::CaptureStderr();
-    MsgProtocol::display(MsgError("default again"));
-    EXPECT_EQ("Error: default again\n", ::testing::internal::GetCapturedStderr());
-    EXPECT_EQ(2u, seen.size());
+    EXPECT_TRUE(static_cast<bool>(MsgProtocol::setDisplayHandler(nullptr))); // the default again
+    EXPECT_EQ((std::vector<std::string>{"Information|MSG_NODEUI_VALID_EXPR", "Error|e"}), seen);
+    EXPECT_EQ("Error: default again\n",
+              TestSupport::printed([] { MsgProtocol::display(MsgError("default again")); }, true));
 }
 
 TEST(MsgExceptionTest, CarriesTheMessageThroughCopiesAndClones) {

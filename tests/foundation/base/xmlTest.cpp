@@ -2,111 +2,96 @@
 #include "xmlDocument.h"
 #include "xmlWriter.h"
 
+#include "support/exceptionReason.h"
+#include "support/testSupport.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
+#include <optional>
 #include <sstream>
+#include <tuple>
 
 using namespace Zr;
 
 namespace {
 
-std::string syntaxErrorOf(std::string const& text, std::string const& name) {
-    try {
-        XmlDocument doc(text, name);
-    } catch (XmlEx::ExSyntaxError const& e) {
-        return e.getReason();
-    }
-    return "no error";
+// The attribute `name` (or the data of the first child `name`) read as a T, or nothing.
+template <class T>
+std::optional<T> attrib(XmlElement const& e, char const* name) {
+    T value{};
+    return e.getAttribute(name, value) ? std::optional<T>(value) : std::nullopt;
+}
+template <class T>
+std::optional<T> data(XmlElement const& e, char const* name) {
+    T value{};
+    return e.getElementByTagName(name).getData(value) ? std::optional<T>(value) : std::nullopt;
 }
 
 } // namespace
 
 TEST(XmlDocumentTest, SyntaxErrorNamesDocumentLineAndColumn) {
-    std::string reason = syntaxErrorOf("<a>\n  <b>\n</a>", "table.xml");
-    EXPECT_EQ(0u, reason.rfind("table.xml:3:", 0)) << reason;
-    EXPECT_NE(std::string::npos, reason.find("mismatch")) << reason;
-
-    reason = syntaxErrorOf("<a x=\"1>\n</a>", "q.xml");
-    EXPECT_EQ(0u, reason.rfind("q.xml:", 0)) << reason;
-
-    EXPECT_EQ(0u, syntaxErrorOf("", "empty.xml").rfind("empty.xml:1:1: ", 0));
-    EXPECT_THROW(XmlDocument("<a><b></a>"), XmlEx::ExSyntaxError);
-}
-
-TEST(XmlDocumentTest, ColumnCountsFromLineStart) {
-    // The stray '<' is the 5th byte of line 2.
-    std::string reason = syntaxErrorOf("<a>\nabc<<\n</a>", "c.xml");
-    EXPECT_EQ(0u, reason.rfind("c.xml:2:", 0)) << reason;
-}
-
-TEST(XmlDocumentTest, UnreadableFileIsASyntaxErrorNamingThePath) {
-    try {
-        XmlDocument doc(OsFilePath("/nonexistent/dir/table.xml"));
-        FAIL() << "no exception";
-    } catch (XmlEx::ExSyntaxError const& e) {
-        EXPECT_EQ("/nonexistent/dir/table.xml: cannot read the file", e.getReason());
+    // text, name, how the reason starts, a word it holds
+    std::tuple<char const*, char const*, char const*, char const*> const rows[] = {
+        {"<a>\n  <b>\n</a>", "table.xml", "table.xml:3:", "mismatch"},
+        {"<a x=\"1>\n</a>", "q.xml", "q.xml:", ""},
+        {"", "empty.xml", "empty.xml:1:1: ", ""},
+        {"<a>\nabc<<\n</a>", "c.xml", "c.xml:2:", ""}, // columns count from the line start
+    };
+    for (auto const& [text, name, start, word] : rows) {
+        std::string reason =
+            TestSupport::reasonOf<XmlEx::ExSyntaxError>([&] { XmlDocument doc(text, name); });
+        EXPECT_EQ(0u, reason.rfind(start, 0)) << reason;
+        EXPECT_NE(std::string::npos, reason.find(word)) << reason;
     }
+    EXPECT_EQ("/nonexistent/dir/table.xml: cannot read the file",
+              TestSupport::reasonOf<XmlEx::ExSyntaxError>(
+                  [] { XmlDocument doc(OsFilePath("/nonexistent/dir/table.xml")); }));
 }
 
 TEST(XmlDocumentTest, ReadsFileAndKeepsLineNumbers) {
-    OsFilePath path = OsFilePath::getTempDir() + OsFilePath("zr_xmlTest_lines.xml");
-    {
-        std::ofstream out(path.getChars());
-        out << "<?xml version=\"1.0\"?>\n<Root>\n  <A/>\n\n  <B>\n    <A/>\n  </B>\n</Root>\n";
-    }
-    XmlDocument doc(path);
-    std::remove(path.getChars());
+    TestSupport::TempFile file("zr_xmlTest_lines.xml",
+                               "<?xml version=\"1.0\"?>\n<Root>\n  <A/>\n\n  "
+                               "<B>\n    <A/>\n  </B>\n</Root>\n");
+    XmlDocument doc(file.path);
     XmlElement root = doc.getRoot();
     EXPECT_EQ(2, root.getLine());
     auto all = root.getAllElementsByTagName("A");
     ASSERT_EQ(2u, all.size());
     EXPECT_EQ(3, all[0].getLine());
     EXPECT_EQ(6, all[1].getLine());
-    EXPECT_EQ(path.toString(), all[1].getDocumentName());
+    EXPECT_EQ(file.path.toString(), all[1].getDocumentName());
     EXPECT_EQ(0, root.appendChild("New").getLine());
 }
 
 TEST(XmlElementTest, TypedAttributesAndAbsence) {
     XmlDocument doc("<E f=\"1.5\" d=\" -2.25e3 \" i=\"42\" bad=\"4x\" w=\"h\xC3\xA9\"/>");
     XmlElement e = doc.getRoot();
-    float f = 0;
-    double d = 0;
-    int i = 0;
-    std::wstring w;
-    EXPECT_TRUE(e.getAttribute("f", f));
-    EXPECT_EQ(1.5f, f);
-    EXPECT_TRUE(e.getAttribute("d", d));
-    EXPECT_EQ(-2250.0, d);
-    EXPECT_TRUE(e.getAttribute("i", i));
-    EXPECT_EQ(42, i);
-    EXPECT_TRUE(e.getAttribute("w", w));
-    EXPECT_EQ(L"h\u00e9", w);
+    EXPECT_EQ(1.5f, attrib<float>(e, "f"));
+    EXPECT_EQ(-2250.0, attrib<double>(e, "d"));
+    EXPECT_EQ(42, attrib<int>(e, "i"));
+    EXPECT_EQ(L"h\u00e9", attrib<std::wstring>(e, "w"));
     EXPECT_EQ("h\xC3\xA9", e.getAttributeMB("w"));
-
-    i = 7;
-    EXPECT_FALSE(e.getAttribute("missing", i));
+    for (char const* notAnInt : {"missing", "bad", "f"}) // 1.5 is not an int
+        EXPECT_FALSE(attrib<int>(e, notAnInt)) << notAnInt;
+    int i = 7;
     EXPECT_FALSE(e.getAttribute("bad", i));
-    EXPECT_FALSE(e.getAttribute("f", i)); // 1.5 is not an int
     EXPECT_EQ(7, i);
-    EXPECT_FALSE(e.getAttribute("missing", w));
+    EXPECT_FALSE(attrib<std::wstring>(e, "missing"));
     EXPECT_EQ("", e.getAttribute("missing"));
     EXPECT_EQ("4x", e.getAttribute(std::string("bad")));
-    EXPECT_TRUE(e.hasAttribute("bad"));
     EXPECT_FALSE(e.hasAttribute("missing"));
 }
 
 TEST(XmlElementTest, IsTrueWordsAndDefaults) {
     XmlDocument doc("<E a=\"YES\" b=\"off\" c=\" On \" d=\"0\" e=\"maybe\"/>");
     XmlElement e = doc.getRoot();
-    EXPECT_TRUE(e.isTrue("a", false));
-    EXPECT_FALSE(e.isTrue("b", true));
-    EXPECT_TRUE(e.isTrue("c", false));
-    EXPECT_FALSE(e.isTrue("d", true));
-    EXPECT_TRUE(e.isTrue("e", true));
-    EXPECT_FALSE(e.isTrue("e", false));
-    EXPECT_TRUE(e.isTrue("absent", true));
+    // attribute, default, answer
+    std::tuple<char const*, bool, bool> const rows[] = {
+        {"a", false, true}, {"b", true, false},  {"c", false, true},     {"d", true, false},
+        {"e", true, true},  {"e", false, false}, {"absent", true, true},
+    };
+    for (auto const& [name, fallback, answer] : rows)
+        EXPECT_EQ(answer, e.isTrue(name, fallback)) << name << " " << fallback;
 }
 
 TEST(XmlElementTest, DataOfEachType) {
@@ -114,28 +99,16 @@ TEST(XmlElementTest, DataOfEachType) {
         "<R><B> true </B><I>\n  12\n</I><F>0.1</F><S>a &amp; b</S><C><![CDATA[<x>]]></C>"
         "<N/><X>12abc</X></R>");
     XmlElement r = doc.getRoot();
-    bool b = false;
-    int i = 0;
-    float f = 0;
-    double d = 0;
-    std::string s;
-    EXPECT_TRUE(r.getElementByTagName("B").getData(b));
-    EXPECT_TRUE(b);
-    EXPECT_TRUE(r.getElementByTagName("I").getData(i));
-    EXPECT_EQ(12, i);
-    EXPECT_TRUE(r.getElementByTagName("F").getData(f));
-    EXPECT_EQ(0.1f, f);
-    EXPECT_TRUE(r.getElementByTagName("F").getData(d));
-    EXPECT_EQ(0.1, d);
-    EXPECT_TRUE(r.getElementByTagName("S").getData(s));
-    EXPECT_EQ("a & b", s);
+    EXPECT_EQ(true, data<bool>(r, "B"));
+    EXPECT_EQ(12, data<int>(r, "I"));
+    EXPECT_EQ(0.1f, data<float>(r, "F"));
+    EXPECT_EQ(0.1, data<double>(r, "F"));
+    EXPECT_EQ("a & b", data<std::string>(r, "S"));
     EXPECT_EQ("<x>", r.getElementByTagName("C").getDataMB());
-
-    EXPECT_FALSE(r.getElementByTagName("N").getData(s));
-    EXPECT_FALSE(r.getElementByTagName("X").getData(i));
-    EXPECT_FALSE(r.getElementByTagName("X").getData(b));
-    EXPECT_EQ(12, i);
-    EXPECT_FALSE(r.getElementByTagName("Nope").getData(i));
+    EXPECT_FALSE(data<std::string>(r, "N"));
+    EXPECT_FALSE(data<int>(r, "X"));
+    EXPECT_FALSE(data<bool>(r, "X"));
+    EXPECT_FALSE(data<int>(r, "Nope"));
     EXPECT_EQ("", r.getElementByTagName("Nope").getDataMB());
 }
 
@@ -143,8 +116,6 @@ TEST(XmlElementTest, ChildrenDirectAndAllDescendants) {
     XmlDocument doc("<R><A id=\"1\"><A id=\"2\"/><B><A id=\"3\"/></B></A><!-- c -->text<B/><A "
                     "id=\"4\"/></R>");
     XmlElement r = doc.getRoot();
-    EXPECT_EQ("R", r.getNodeName());
-    EXPECT_EQ(3, r.getNbChildren());
     auto children = r.getChildren();
     ASSERT_EQ(3u, children.size());
     EXPECT_EQ("B", children[1].getNodeName());
@@ -170,10 +141,8 @@ TEST(XmlElementTest, NullElementAnswersAbsent) {
     EXPECT_TRUE(null.isNull());
     EXPECT_FALSE(null.getAttribute("a", i));
     EXPECT_EQ("", null.getNodeName());
-    EXPECT_EQ(0, null.getNbChildren());
     EXPECT_TRUE(null.getAllElementsByTagName("a").empty());
     EXPECT_TRUE(null.getElementByTagName("a").isNull());
-    EXPECT_EQ(0, null.getLine());
 }
 
 TEST(XmlElementTest, DetachedElementBuildsATree) {
@@ -251,18 +220,11 @@ TEST(XmlWriterTest, RoundTripKeepsTextsAndNumbersExactly) {
     }
     XmlDocument doc(os.str(), "roundtrip");
     XmlElement r = doc.getRoot();
-    float rf = 0;
-    double rd = 0;
-    int ri = 0;
-    EXPECT_TRUE(r.getAttribute("f", rf));
-    EXPECT_EQ(f, rf);
-    EXPECT_TRUE(r.getAttribute("d", rd));
-    EXPECT_EQ(d, rd);
+    EXPECT_EQ(f, attrib<float>(r, "f"));
+    EXPECT_EQ(d, attrib<double>(r, "d"));
     EXPECT_EQ(text, r.getAttribute("text"));
-    EXPECT_TRUE(r.getElementByTagName("D").getData(rd));
-    EXPECT_EQ(d, rd);
-    EXPECT_TRUE(r.getElementByTagName("I").getData(ri));
-    EXPECT_EQ(-17, ri);
+    EXPECT_EQ(d, data<double>(r, "D"));
+    EXPECT_EQ(-17, data<int>(r, "I"));
     EXPECT_EQ(text, r.getElementByTagName("S").getDataMB());
     EXPECT_EQ("ab", r.getElementByTagName("C").getDataMB());
 }
