@@ -2,6 +2,7 @@
 // and fromInterface, forwarding of commands and queries, the mapping of plug-in event types to
 // the widget's callbacks, a container's children and groups by name, and the lifetime of a
 // container's stored interface (no cycle, no dangling pointer).
+#include "support/exceptionReason.h"
 #include "uiTestSupport.h"
 
 #include "uiColorRegistry.h"
@@ -47,12 +48,9 @@ protected:
 };
 
 TEST_F(AdapterWidget, NullWidgetFailsTheAssertion) {
-    try {
-        RCShdPtr<PiWidget> adapter(new UiWidgetAdapter(RCShdPtr<UiWidget>()));
-        FAIL() << "no assertion";
-    } catch (ExAssertionFailed const& ex) {
-        EXPECT_EQ(ex.getReason(), "!_widget.isNull()");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<ExAssertionFailed>(
+                  [&] { RCShdPtr<PiWidget> adapter(new UiWidgetAdapter(RCShdPtr<UiWidget>())); }),
+              "!_widget.isNull()");
 }
 
 TEST_F(AdapterWidget, IdentityThroughIsSameAndFromInterface) {

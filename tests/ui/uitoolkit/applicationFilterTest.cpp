@@ -1,8 +1,10 @@
 // What the loop lets through: the button filter, pointer-move compression, hand pumping with
-// getNextEvent, and the tooltip timing.
+// getNextEvent, and the tooltip timing; and the statistics the loop keeps.
 #include "loopTestSupport.h"
 
 #include "mtAlarmManager.h"
+#include "statMgr.h"
+#include "statTypes.h"
 
 #include <chrono>
 #include <thread>
@@ -25,8 +27,6 @@ protected:
         UiApplication::getInstance().removeMainHandler(&_recorder);
         LoopFixture::TearDown();
     }
-    void send(OPtr<EvEvent> e) { UiApplication::getInstance().processEvent(*e); }
-
     std::vector<std::string> _seen;
     std::vector<unsigned> _upStates;
     CbFunction<EvEvent> _recorder{[this](EvEvent& e) {
@@ -149,8 +149,7 @@ TEST_F(AppButtonFilter, TheLoopDeliversOneMoveWithTheWholePath) {
     app.addMainHandler(&onMove);
     for (int i = 0; i < 5; ++i)
         app.postEvent(makeMove(0, {i, i}));
-    app.exitLoop();
-    app.messageLoop();
+    run();
     app.removeMainHandler(&onMove);
     EXPECT_EQ(pathLengths, std::vector<std::size_t>{4});
 }
@@ -187,34 +186,27 @@ public:
     std::vector<std::string> _shown;
 };
 
-class AppTooltip : public LoopFixture {
+class AppTooltip : public WindowFixture {
 protected:
     void SetUp() override {
-        LoopFixture::SetUp();
+        WindowFixture::SetUp();
         // Let the retrigger threshold of an earlier hide run out.
         std::this_thread::sleep_for(std::chrono::milliseconds(150));
         UiApplication::setTooltipHooks(&_hooks);
-        _top = UiTopLevel::create("tooltips");
-        _top->show();
-        _a = UiWidget::create(_top->getRootContainer().get(), "a");
+        _a = UiWidget::create(root(), "a");
         _a->setRect({0, 50, 0, 50});
-        _b = UiWidget::create(_top->getRootContainer().get(), "b");
+        _b = UiWidget::create(root(), "b");
         _b->setRect({100, 150, 0, 50});
-        _id = _top->getOSWindow()->getId();
     }
     void TearDown() override {
         UiApplication::getInstance().hideTooltip();
         UiApplication::setTooltipHooks(nullptr);
         _a = nullptr;
         _b = nullptr;
-        _top = nullptr;
-        LoopFixture::TearDown();
+        WindowFixture::TearDown();
     }
     // Moves the pointer through the top level, which updates the pointer focus.
-    void moveTo(GePoint2<int> p) {
-        auto move = makeMove(_id, p);
-        UiApplication::getInstance().processEvent(*move);
-    }
+    void moveTo(GePoint2<int> p) { send(makeMove(id, p)); }
     // The tooltip step runs before the window moves the pointer focus, so the first move onto
     // a widget only brings the focus there and the second starts its tooltip.
     void hoverOver(GePoint2<int> p) {
@@ -238,9 +230,7 @@ protected:
     }
 
     FakeTooltips _hooks;
-    RCShdPtr<UiTopLevel> _top;
     RCShdPtr<UiWidget> _a, _b;
-    WsWindowId _id = 0;
 };
 
 TEST_F(AppTooltip, TheDelayRunsOnAnAlarmThatPostsTheShowRequest) {
@@ -257,9 +247,9 @@ TEST_F(AppTooltip, MovingOnRightAfterAHideShowsTheNextAtOnce) {
     hoverOver({10, 10});
     EXPECT_EQ(app.getTooltipTarget().get(), _a.get());
     // A press hides: the alarm goes without a hide request since nothing was shown yet.
-    auto down = makeDown(_id, {10, 10}, Left, Left);
+    auto down = makeDown(id, {10, 10}, Left, Left);
     app.processEvent(*down);
-    auto up = makeUp(_id, {10, 10}, Left, 0);
+    auto up = makeUp(id, {10, 10}, Left, 0);
     app.processEvent(*up);
     EXPECT_EQ(app.getTooltipTarget().get(), nullptr);
     EXPECT_TRUE(takeRequests().empty());
@@ -279,7 +269,7 @@ TEST_F(AppTooltip, MovingOnRightAfterAHideShowsTheNextAtOnce) {
 
 TEST_F(AppTooltip, MovesWithAButtonDownOrUnderAGrabStartNoTooltip) {
     UiApplication& app = UiApplication::getInstance();
-    auto dragging = makeMove(_id, {10, 10}, 1.0f, Left);
+    auto dragging = makeMove(id, {10, 10}, 1.0f, Left);
     app.processEvent(*dragging);
     EXPECT_EQ(app.getTooltipTarget().get(), nullptr);
     UiGrab::pointer().grab(_b->getEventHandler());
@@ -288,6 +278,27 @@ TEST_F(AppTooltip, MovesWithAButtonDownOrUnderAGrabStartNoTooltip) {
     hoverOver({10, 10});
     EXPECT_EQ(app.getTooltipTarget().get(), nullptr);
     EXPECT_TRUE(takeRequests().empty());
+}
+
+// --- statistics ----------------------------------------------------------------------------
+
+TEST_F(AppButtonFilter, SnapStatisticsRecordsWaitingAndProcessedEventsOnlyWhenAsked) {
+    UiApplication& app = UiApplication::getInstance();
+    StatMgr& stats = StatMgr::getInstance();
+    stats.setLocalStats(false);
+    double const before = stats.getLast(StatTypes::WAITING_EVENTS_ID);
+    for (int i = 0; i < 5; ++i)
+        app.postEvent(std::make_unique<EvDefaultEvent>());
+    app.snapStatistics();
+    EXPECT_EQ(stats.getLast(StatTypes::WAITING_EVENTS_ID), before);
+    WsEventQ::getInstance().clear();
+    stats.setLocalStats(true);
+    app.postEvent(std::make_unique<EvDefaultEvent>());
+    app.postEvent(std::make_unique<EvDefaultEvent>());
+    app.snapStatistics();
+    stats.setLocalStats(false);
+    EXPECT_EQ(stats.getLast(StatTypes::WAITING_EVENTS_ID), 2.0);
+    EXPECT_EQ(stats.getLast(StatTypes::PROCESSED_EVENTS_ID), app.getProcessedEvents());
 }
 
 } // namespace

@@ -88,53 +88,54 @@ TEST(ContainerEmpty, ChildrenCoordinatesAreRelativeToTheCanvas) {
     root->removeChildren();
 }
 
-TEST(ContainerOnTop, StaysLastAfterLaterChildren) {
-    auto root = MappedRoot::make({0, 100, 0, 100});
-    auto a = makeWidget(root.get(), "a", {0, 10, 0, 10});
-    auto top = makeWidget(root.get(), "top", {0, 10, 0, 10});
-    root->setAlwaysOnTop(top.get());
-    auto b = makeWidget(root.get(), "b", {0, 10, 0, 10});
-    root->addChild(UiWidget::create(nullptr, "c"));
-    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"a", "b", "c", "top"}));
-    root->front(a.get());
-    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"b", "c", "a", "top"}));
-    EXPECT_EQ(root->findWidgetAt({5, 5}), top.get());
-    root->removeChildren();
-}
+namespace {
 
-TEST(ContainerOnTop, RemoveChildrenClearsTheOnTopChild) {
-    auto root = MappedRoot::make({0, 100, 0, 100});
-    auto top = makeWidget(root.get(), "top", {0, 10, 0, 10});
-    makeWidget(root.get(), "a", {0, 10, 0, 10});
+// A mapped root 100 by 100 that takes its children with it.
+class ContainerTree : public ::testing::Test {
+protected:
+    void TearDown() override { root->removeChildren(); }
+    RCShdPtr<MappedRoot> root = MappedRoot::make({0, 100, 0, 100});
+    RCShdPtr<UiWidget> add(LiString const& name) {
+        return makeWidget(root.get(), name, {0, 10, 0, 10});
+    }
+    std::vector<std::string> children() const { return namesOf(root->getChildrenList()); }
+};
+
+using Names = std::vector<std::string>;
+
+} // namespace
+
+TEST_F(ContainerTree, OnTopChildStaysLastUntilItOrAllChildrenAreRemoved) {
+    auto a = add("a");
+    auto top = add("top");
     root->setAlwaysOnTop(top.get());
+    add("b");
+    root->addChild(UiWidget::create(nullptr, "c"));
+    EXPECT_EQ(children(), (Names{"a", "b", "c", "top"}));
+    root->front(a.get());
+    EXPECT_EQ(children(), (Names{"b", "c", "a", "top"}));
+    EXPECT_EQ(root->findWidgetAt({5, 5}), top.get());
+
+    // Removing it forgets it: later children are simply appended.
+    root->removeChild(top);
+    EXPECT_TRUE(root->getAlwaysOnTop().isNull());
+    add("x");
+    EXPECT_EQ(children(), (Names{"b", "c", "a", "x"}));
+
+    root->setAlwaysOnTop(a.get());
     root->removeChildren();
     EXPECT_TRUE(root->getChildrenList().empty());
     EXPECT_TRUE(root->getAlwaysOnTop().isNull());
-    EXPECT_EQ(top->getParent(), nullptr);
-    // A later child is simply appended.
-    makeWidget(root.get(), "x", {0, 10, 0, 10});
-    makeWidget(root.get(), "y", {0, 10, 0, 10});
-    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"x", "y"}));
-    root->removeChildren();
+    EXPECT_EQ(a->getParent(), nullptr);
+    add("x");
+    add("y");
+    EXPECT_EQ(children(), (Names{"x", "y"}));
 }
 
-TEST(ContainerOnTop, RemovingTheOnTopChildForgetsIt) {
-    auto root = MappedRoot::make({0, 100, 0, 100});
-    auto top = makeWidget(root.get(), "top", {0, 10, 0, 10});
-    root->setAlwaysOnTop(top.get());
-    root->removeChild(top);
-    EXPECT_TRUE(root->getAlwaysOnTop().isNull());
-    makeWidget(root.get(), "x", {0, 10, 0, 10});
-    EXPECT_EQ(namesOf(root->getChildrenList()), (std::vector<std::string>{"x"}));
-    root->removeChildren();
-}
-
-TEST(ContainerOnTop, RemovedChildDiesWithItsLastReference) {
-    auto root = MappedRoot::make({0, 100, 0, 100});
-    makeWidget(root.get(), "a", {0, 10, 0, 10});
-    CbFunction<EvEvent> onDestroy;
+TEST_F(ContainerTree, RemovedChildDiesWithItsLastReference) {
+    add("a");
     int destroyed = 0;
-    onDestroy.set([&destroyed](EvEvent&) { ++destroyed; });
+    CbFunction<EvEvent> onDestroy([&destroyed](EvEvent&) { ++destroyed; });
     root->getChildrenList().front()->addDestroyCb(&onDestroy);
     root->removeChild(root->findWidget("a"));
     EXPECT_EQ(destroyed, 1);
@@ -171,8 +172,7 @@ TEST(ContainerResize, MoveKeepingTheSizeDoesNotReachTheChildren) {
     root->removeChildren();
 }
 
-TEST(ContainerState, EnableAndColourReachTheChildren) {
-    auto root = MappedRoot::make({0, 100, 0, 100});
+TEST_F(ContainerTree, EnableColourAndMappingReachTheChildren) {
     auto panel = makeContainer(root.get(), "panel", {0, 50, 0, 50});
     auto child = makeWidget(panel.get(), "child", {0, 10, 0, 10});
     panel->enable(false);
@@ -184,20 +184,13 @@ TEST(ContainerState, EnableAndColourReachTheChildren) {
     CoRgbColor const teal(0.f, 0.5f, 0.5f);
     panel->setColor(UiWidget::BackgroundColor, teal);
     EXPECT_EQ(child->getParentBackground(), teal);
-    root->removeChildren();
-}
 
-TEST(ContainerState, UnmappingTheContainerUnmapsTheChildren) {
-    auto root = MappedRoot::make({0, 100, 0, 100});
-    auto panel = makeContainer(root.get(), "panel", {0, 50, 0, 50});
-    auto child = makeWidget(panel.get(), "child", {0, 10, 0, 10});
     EXPECT_TRUE(child->isMapped());
     panel->hide();
     EXPECT_FALSE(child->isMapped());
     EXPECT_TRUE(child->isDisplayed());
     panel->show();
     EXPECT_TRUE(child->isMapped());
-    root->removeChildren();
 }
 
 namespace {
@@ -261,19 +254,14 @@ TEST_F(ContainerMarks, MarkOfALowerChildReachesTheSiblingAboveIt) {
     EXPECT_EQ(marksOf(*under), (std::vector<GeRectangle<int>>{{50, 100, 0, 100}}));
 }
 
-TEST_F(ContainerMarks, HiddenOrUnmappedContainerMarksNothing) {
+TEST_F(ContainerMarks, EmptyRegionOrHiddenContainerMarksNothing) {
+    panel->markRegion({120, 120, 100, 200});
     panel->hide();
     clearAll();
     panel->markRegion({100, 200, 100, 200});
     EXPECT_TRUE(marksOf(*panel).empty());
     EXPECT_TRUE(marksOf(*cover).empty());
     panel->show();
-}
-
-TEST_F(ContainerMarks, EmptyRegionMarksNothing) {
-    panel->markRegion({120, 120, 100, 200});
-    EXPECT_TRUE(marksOf(*panel).empty());
-    EXPECT_TRUE(marksOf(*cover).empty());
 }
 
 TEST_F(ContainerMarks, ChildMarksAreClippedToTheCanvas) {
@@ -307,8 +295,7 @@ TEST_F(ContainerMarks, CanvasHiddenOnlyWhenOpaqueChildrenCoverIt) {
     EXPECT_EQ(panel->computeCanvasHidden(), 0);
 }
 
-TEST(ContainerFinders, ByNameByPredicateAndRecursively) {
-    auto root = MappedRoot::make({0, 100, 0, 100});
+TEST_F(ContainerTree, FindersByNameByPredicateAndRecursively) {
     auto panel = makeContainer(root.get(), "panel", {0, 50, 0, 50});
     auto deep = makeWidget(panel.get(), "deep", {0, 10, 0, 10});
     auto shallow = makeWidget(root.get(), "shallow", {0, 10, 0, 10});
@@ -326,20 +313,17 @@ TEST(ContainerFinders, ByNameByPredicateAndRecursively) {
         names.push_back((*all)->getName().str());
     EXPECT_EQ(names, (std::vector<std::string>{"deep", "shallow"}));
     EXPECT_TRUE(root->findGroup("panel").isNull());
-    root->removeChildren();
 }
 
-TEST(ContainerFinders, ForEachVisitsBottomToTop) {
-    auto root = MappedRoot::make({0, 100, 0, 100});
+TEST_F(ContainerTree, ForEachVisitsBottomToTop) {
     for (char const* n : {"one", "two", "three"})
-        makeWidget(root.get(), n, {0, 10, 0, 10});
+        add(n);
     struct Collect : UiContainer::FunctorObj {
         std::vector<std::string> names;
         void apply(RCShdPtr<UiWidget> const& w) override { names.push_back(w->getName().str()); }
     } collect;
     root->forEach(collect);
     EXPECT_EQ(collect.names, (std::vector<std::string>{"one", "two", "three"}));
-    root->removeChildren();
 }
 
 TEST(ContainerLifetime, ChildOutlivingItsContainerHasNoParent) {

@@ -2,6 +2,7 @@
 // what the sinks of source and target hear and in which order, refused drops, cancels, the
 // cursors, the hover activation, pick and stick, and a target that goes away mid-drag.
 #include "loopTestSupport.h"
+#include "support/exceptionReason.h"
 
 #include "drSrcSink.h"
 #include "snItemConvert.h"
@@ -106,17 +107,13 @@ private:
 };
 
 // A window with a source at x 0..50 and a target at x 100..150, both 50 high, over the root.
-class DndFixture : public LoopFixture {
+class DndFixture : public WindowFixture {
 protected:
     void SetUp() override {
-        LoopFixture::SetUp();
-        _top = UiTopLevel::create("dnd");
-        _top->show();
-        _id = _top->getOSWindow()->getId();
-        UiContainer* root = _top->getRootContainer().get();
-        _source = UiWidget::create(root, "source");
+        WindowFixture::SetUp();
+        _source = UiWidget::create(root(), "source");
         _source->setRect({0, 50, 0, 50});
-        _target = UiWidget::create(root, "target");
+        _target = UiWidget::create(root(), "target");
         _target->setRect({100, 150, 0, 50});
 
         _sourceSink = makeShared<LogSink>("source", &_log);
@@ -141,22 +138,15 @@ protected:
         EXPECT_FALSE(UiDragAndDrop::isPickAndStickActive());
         _source = nullptr;
         _target = nullptr;
-        _top = nullptr;
-        LoopFixture::TearDown();
+        WindowFixture::TearDown();
     }
 
-    void send(OPtr<EvEvent> e) { UiApplication::getInstance().processEvent(*e); }
     void press(GePoint2<int> p, unsigned button = Left, unsigned held = Left) {
-        send(makeDown(_id, p, button, held));
+        send(makeDown(id, p, button, held));
     }
-    void drag(GePoint2<int> p, unsigned held = Left) { send(makeMove(_id, p, 1.0f, held)); }
-    void release(GePoint2<int> p, unsigned button = Left) { send(makeUp(_id, p, button, 0)); }
-    void key(int code) {
-        auto e = std::make_unique<EvKeyPressEvent>();
-        e->setWindowId(_id);
-        e->setTriggerKey(code);
-        send(std::move(e));
-    }
+    void drag(GePoint2<int> p, unsigned held = Left) { send(makeMove(id, p, 1.0f, held)); }
+    void release(GePoint2<int> p, unsigned button = Left) { send(makeUp(id, p, button, 0)); }
+    void key(int code) { send(makeKey(id, code)); }
     // Press on the source and move far enough to start a drag.
     void startDrag() {
         press({10, 10});
@@ -164,7 +154,7 @@ protected:
         ASSERT_TRUE(UiTransporter::isTransporting());
     }
     std::string cursor() const {
-        auto& window = static_cast<WsHeadlessWindow&>(*_top->getOSWindow());
+        auto& window = static_cast<WsHeadlessWindow&>(*top->getOSWindow());
         return window.getCursor() ? window.getCursor()->getName().str() : "";
     }
     // Lines of the log that start with `who`.
@@ -194,8 +184,6 @@ protected:
     }
 
     std::vector<std::string> _log;
-    RCShdPtr<UiTopLevel> _top;
-    WsWindowId _id = 0;
     RCShdPtr<UiWidget> _source, _target;
     RCShdPtr<LogSink> _sourceSink, _targetSink;
     RCShdPtr<TestDnd> _sourceDnd, _targetDnd;
@@ -279,7 +267,7 @@ TEST_F(DndGesture, ASourceWithNothingToGiveStartsNoDrag) {
 }
 
 TEST_F(DndGesture, AChildOfTheSourceStartsTheSourcesDrag) {
-    auto panel = UiContainer::create(_top->getRootContainer().get(), "panel");
+    auto panel = UiContainer::create(root(), "panel");
     panel->setRect({200, 300, 0, 100});
     auto child = UiWidget::create(panel.get(), "child");
     child->setRect({0, 20, 0, 20});
@@ -297,19 +285,15 @@ TEST_F(DndGesture, AChildOfTheSourceStartsTheSourcesDrag) {
     release({125, 25});
     EXPECT_EQ(_targetSink->consumed, std::vector<std::string>{"hello"});
     panel->removeChildren();
-    _top->getRootContainer()->removeChild(panel);
+    top->getRootContainer()->removeChild(panel);
 }
 
 TEST_F(DndGesture, ASyntheticEventCannotStartADrag) {
     auto down = makeDown(0, {10, 10}, Left, Left);
     _source->processEvent(*down);
     auto move = makeMove(0, {30, 10}, 1.0f, Left);
-    try {
-        _source->processEvent(*move);
-        FAIL() << "no assertion";
-    } catch (ExAssertionFailed const& e) {
-        EXPECT_EQ(e.getReason(), "sysEvent->getWindowId() != 0");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<ExAssertionFailed>([&] { _source->processEvent(*move); }),
+              "sysEvent->getWindowId() != 0");
     EXPECT_FALSE(UiTransporter::isTransporting());
     EXPECT_EQ(of("source"), std::vector<std::string>{"willPopulate"});
     EXPECT_EQ(UiGrab::pointer().getCurrent(), nullptr);
@@ -450,7 +434,7 @@ TEST_F(DndDrop, TheIconFollowsThePointerAtHalfOpacityAndGoesWithTheDrop) {
     RCShdPtr<UiTransporterIcon> icon = t->getIcon();
     ASSERT_TRUE(icon);
     EXPECT_EQ(icon->getName(), LiString("TransporterIcon"));
-    EXPECT_EQ(icon->getParent(), _top->getRootContainer().get());
+    EXPECT_EQ(icon->getParent(), root());
     EXPECT_FLOAT_EQ(icon->getOpacity(), 0.5f);
     // Centred on the pointer (20, 10), its top 10 pixels below it.
     EXPECT_EQ(icon->getRect(), (GeRectangle<int>{10, 30, -10, 0}));
@@ -499,7 +483,7 @@ TEST_F(DndCancel, ATargetRemovedMidDragIsHeldUntilThePointerLeavesIt) {
     startDrag();
     drag({125, 40});
     UiWidget* raw = _target.get();
-    _top->getRootContainer()->removeChild(_target);
+    top->getRootContainer()->removeChild(_target);
     _target = nullptr;
     EXPECT_EQ(UiApplication::getInstance().getTransporter()->getTarget().get(), raw);
     drag({126, 40});
@@ -511,7 +495,7 @@ TEST_F(DndCancel, ATargetRemovedMidDragIsHeldUntilThePointerLeavesIt) {
 TEST_F(DndCancel, ATargetRemovedWhileHoveredCanStillBeDroppedOnSafely) {
     startDrag();
     drag({125, 40});
-    _top->getRootContainer()->removeChild(_target);
+    top->getRootContainer()->removeChild(_target);
     _target = nullptr;
     release({125, 40});
     // The transporter's reference kept it alive to the end; nothing was left behind.

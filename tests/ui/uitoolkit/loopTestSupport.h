@@ -1,5 +1,5 @@
-// Helpers for the tests of the event loop and windows: a push-button-like widget, a fixture
-// that leaves the application and the queue clean, and event builders.
+// Helpers for the tests of the event loop and windows: a fixture that leaves the application and
+// the queue clean, one that adds a shown top level, and event builders.
 #pragma once
 
 #include "uiApplication.h"
@@ -19,38 +19,6 @@
 #include <vector>
 
 namespace Zr::LoopTest {
-
-// Behaves as a push button does: the press takes the pointer grab, the release gives it back
-// and activates if the pointer is still on the widget.
-class ClickWidget : public UiWidget {
-public:
-    static RCShdPtr<ClickWidget> make(UiContainer* parent, LiString const& name,
-                                      GeRectangle<int> const& rect) {
-        RCShdPtr<ClickWidget> w(new ClickWidget(parent, name));
-        w->resInit(nullptr);
-        w->postInit();
-        w->setRect(rect, false);
-        return w;
-    }
-
-protected:
-    ClickWidget(UiContainer* parent, LiString const& name)
-        : UiWidget(parent, name),
-          _onArm([this](EvEvent&) { UiGrab::pointer().grab(getEventHandler()); }),
-          _onDisarm([this](EvEvent& e) {
-              UiGrab::pointer().release(getEventHandler());
-              auto& up = static_cast<EvPointerButtonUpEvent&>(e);
-              if (isInside(up.getCoord()))
-                  activate(e);
-          }) {
-        addArmCb(&_onArm);
-        addDisarmCb(&_onDisarm);
-    }
-
-private:
-    CbFunction<EvEvent> _onArm;
-    CbFunction<EvEvent> _onDisarm;
-};
 
 inline OPtr<EvPointerButtonDownEvent> makeDown(WsWindowId id, GePoint2<int> at, unsigned button,
                                                unsigned heldButtons) {
@@ -103,6 +71,42 @@ protected:
         WsEventQ::getInstance().clear();
         UiArmStack::clear();
     }
+    // Dispatches `e` at once, as the loop would.
+    static void send(OPtr<EvEvent> e) { UiApplication::getInstance().processEvent(*e); }
+    static void post(OPtr<EvEvent> e) { UiApplication::getInstance().postEvent(std::move(e)); }
+    // Runs the loop over what is posted, then returns.
+    static void run() {
+        UiApplication& app = UiApplication::getInstance();
+        app.exitLoop();
+        app.messageLoop();
+    }
+};
+
+inline OPtr<EvKeyPressEvent> makeKey(WsWindowId id, int code) {
+    auto e = std::make_unique<EvKeyPressEvent>();
+    e->setWindowId(id);
+    e->setTriggerKey(code);
+    return e;
+}
+
+// A shown top level `top` (window id `id`) over a clean loop; its children go with the test.
+class WindowFixture : public LoopFixture {
+protected:
+    void SetUp() override {
+        LoopFixture::SetUp();
+        top = UiTopLevel::create("test");
+        top->show();
+        id = top->getOSWindow()->getId();
+    }
+    void TearDown() override {
+        top->getRootContainer()->removeChildren();
+        top = nullptr;
+        LoopFixture::TearDown();
+    }
+    UiContainer* root() const { return top->getRootContainer().get(); }
+
+    RCShdPtr<UiTopLevel> top;
+    WsWindowId id{};
 };
 
 } // namespace Zr::LoopTest

@@ -2,6 +2,8 @@
 // a windowing-layer window, and a probe widget that records what its parent asks of it.
 #pragma once
 
+#include "uiTestSupport.h"
+
 #include "uiContainer.h"
 #include "uiWindow.h"
 
@@ -11,21 +13,7 @@
 namespace Zr::TreeTest {
 
 // A root container that is displayed and mapped, so its children map with it.
-class MappedRoot : public UiContainer {
-public:
-    static RCShdPtr<MappedRoot> make(GeRectangle<int> const& rect, LiString const& name = "root") {
-        RCShdPtr<MappedRoot> root(new MappedRoot(name));
-        root->resInit(nullptr);
-        root->postInit();
-        root->setRect(rect, false);
-        root->setDisplayed(true);
-        root->UiContainer::setMap(true, false);
-        return root;
-    }
-
-protected:
-    explicit MappedRoot(LiString const& name) : UiContainer(nullptr, name) {}
-};
+using MappedRoot = UiTest::TestRoot;
 
 // A window mapped on its own, without a window of the windowing layer: enough for damage,
 // which needs a window to notify.

@@ -1,6 +1,7 @@
 // Tests of widget factories and definitions: trees built from a definition text with their
 // names, types, rectangles and colours; the errors of bad definitions with their exact texts and
 // what stays of the tree after them; the registration assertions; the HTML dump.
+#include "support/exceptionReason.h"
 #include "uiTestSupport.h"
 
 #include "uiColorRegistry.h"
@@ -17,6 +18,7 @@
 #include "msgProtocol.h"
 #include "xmlDocument.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -26,6 +28,7 @@
 namespace Zr {
 namespace {
 
+using TestSupport::reasonOf;
 using UiTest::Reports;
 
 CoRgbColor registry(LiString const& name) {
@@ -199,57 +202,60 @@ TEST_F(WidgetFactory, RecordWithoutNameIsReportedAndWidgetGetsEmptyName) {
 
 // --- bad definitions ---------------------------------------------------------------------------
 
-TEST_F(WidgetFactory, MissingRecordThrowsWithExactReason) {
-    try {
-        UiWidgetFactory::createWidgetFromText(root(), "<Container>\n</Container>", "empty.xml");
-        FAIL() << "no exception";
-    } catch (UiWidgetDefinitionEx const& ex) {
-        EXPECT_EQ(ex.getReason(), "<Widget> element missing in definition of widget with type "
-                                  "Container");
-        EXPECT_EQ(ex.getWhere(), "empty.xml:1");
-        EXPECT_EQ(ex.getWidgetName(), "");
-    }
-    EXPECT_TRUE(_root->getChildrenList().empty());
-}
+// Definitions that can't be built: the reason, the document and line, the widget's name, and
+// nothing of the definition left in the tree.
+struct BadDefinition {
+    char const* text;
+    char const* reason;
+    char const* where;
+    char const* widget;
+};
 
-TEST_F(WidgetFactory, UnknownTypeThrowsWithExactReason) {
-    try {
-        UiWidgetFactory::createWidgetFromText(root(), "<Gadget><Widget Name='g'/></Gadget>",
-                                              "gadget.xml");
-        FAIL() << "no exception";
-    } catch (UiWidgetDefinitionEx const& ex) {
-        EXPECT_EQ(ex.getReason(), "Trying to create widget of unknown type: Gadget");
-        EXPECT_EQ(ex.getWhere(), "gadget.xml:1");
-        EXPECT_EQ(ex.getWidgetName(), "g");
+TEST_F(WidgetFactory, BadDefinitionsThrowWithExactReasonAndLeaveNothing) {
+    BadDefinition const rows[] = {
+        {"<Container>\n</Container>",
+         "<Widget> element missing in definition of widget with type Container", "bad.xml:1", ""},
+        {"<Gadget><Widget Name='g'/></Gadget>", "Trying to create widget of unknown type: Gadget",
+         "bad.xml:1", "g"},
+        // A failing child stops the whole definition.
+        {"<Container><Widget Name='outer'/>\n<Group Type='Children'>\n"
+         "  <Widget><Widget Name='first'/></Widget>\n"
+         "  <Container><Widget Name='mid'/><Group Type='Children'>\n"
+         "    <Slider><Widget Name='bad'/></Slider>\n  </Group></Container>\n"
+         "  <Widget><Widget Name='never'/></Widget>\n</Group></Container>",
+         "Trying to create widget of unknown type: Slider", "bad.xml:5", "bad"},
+    };
+    for (BadDefinition const& row : rows) {
+        SCOPED_TRACE(row.text);
+        try {
+            UiWidgetFactory::createWidgetFromText(root(), row.text, "bad.xml");
+            ADD_FAILURE() << "no exception";
+        } catch (UiWidgetDefinitionEx const& ex) {
+            EXPECT_EQ(ex.getReason(), row.reason);
+            EXPECT_EQ(ex.getWhere(), row.where);
+            EXPECT_EQ(ex.getWidgetName(), row.widget);
+        }
+        EXPECT_TRUE(_root->getChildrenList().empty());
     }
     try {
         UiWidgetFactory::createWidget(root(), "Gizmo", "x", nullptr, nullptr);
-        FAIL() << "no exception";
+        ADD_FAILURE() << "no exception";
     } catch (UiWidgetDefinitionEx const& ex) {
         EXPECT_EQ(ex.getReason(), "Trying to create widget of unknown type: Gizmo");
         EXPECT_EQ(ex.getWhere(), "");
     }
-    EXPECT_TRUE(_root->getChildrenList().empty());
-}
-
-TEST_F(WidgetFactory, FailingChildStopsDefinitionAndLeavesParentClean) {
-    std::string const text = "<Container><Widget Name='outer'/>\n"
-                             "<Group Type='Children'>\n"
-                             "  <Widget><Widget Name='first'/></Widget>\n"
-                             "  <Container><Widget Name='mid'/><Group Type='Children'>\n"
-                             "    <Slider><Widget Name='bad'/></Slider>\n"
-                             "  </Group></Container>\n"
-                             "  <Widget><Widget Name='never'/></Widget>\n"
-                             "</Group></Container>";
-    try {
-        UiWidgetFactory::createWidgetFromText(root(), text, "nested.xml");
-        FAIL() << "no exception";
-    } catch (UiWidgetDefinitionEx const& ex) {
-        EXPECT_EQ(ex.getReason(), "Trying to create widget of unknown type: Slider");
-        EXPECT_EQ(ex.getWhere(), "nested.xml:5");
-        EXPECT_EQ(ex.getWidgetName(), "bad");
-    }
-    // Nothing of the panel stays in the tree.
+    // Malformed XML names the document; an unknown group type is a programming error.
+    EXPECT_EQ(reasonOf<XmlEx::ExSyntaxError>([&] {
+                  UiWidgetFactory::createWidgetFromText(root(), "<Container><Widget Name='x'>",
+                                                        "broken.xml");
+              }).rfind("broken.xml:1:", 0),
+              0u);
+    EXPECT_EQ(reasonOf<ExAssertionFailed>([&] {
+                  UiWidgetFactory::createWidgetFromText(
+                      root(), "<Container><Widget Name='c'/><Group Type='Nope'/></Container>",
+                      "g.xml");
+              }),
+              "it != uiWidgetGroupFactories.end()");
     EXPECT_TRUE(_root->getChildrenList().empty());
 }
 
@@ -257,48 +263,23 @@ TEST_F(WidgetFactory, MissingSiblingLeavesExistingChildrenAndOnTopWidget) {
     RCShdPtr<UiWidget> kept = UiWidget::create(_root.get(), "kept");
     RCShdPtr<UiWidget> top = UiWidget::create(_root.get(), "top");
     _root->setAlwaysOnTop(top.get());
-    try {
-        UiWidgetFactory::createWidgetFromText(root(),
-                                              "<Widget><Widget Name='lost'><Layout>"
-                                              "<Constraint><X1 Value='0' Type='p' Target='s' "
-                                              "Sibling='ghost'/><Y1 Value='0' Type='p' "
-                                              "Target='b'/><X2 Value='0' Type='p' Target='r'/>"
-                                              "<Y2 Value='0' Type='p' Target='t'/></Constraint>"
-                                              "</Layout></Widget></Widget>",
-                                              "sibling.xml");
-        FAIL() << "no exception";
-    } catch (UiWidgetSiblingConstraintEx const& ex) {
-        EXPECT_NE(ex.getReason().find("sibling 'ghost' not found"), std::string::npos);
-    }
+    EXPECT_THAT(reasonOf<UiWidgetSiblingConstraintEx>([&] {
+                    UiWidgetFactory::createWidgetFromText(
+                        root(),
+                        "<Widget><Widget Name='lost'><Layout><Constraint>"
+                        "<X1 Value='0' Type='p' Target='s' Sibling='ghost'/>"
+                        "<Y1 Value='0' Type='p' Target='b'/><X2 Value='0' Type='p' Target='r'/>"
+                        "<Y2 Value='0' Type='p' Target='t'/></Constraint></Layout></Widget>"
+                        "</Widget>",
+                        "sibling.xml");
+                }),
+                ::testing::HasSubstr("sibling 'ghost' not found"));
     std::vector<UiWidget*> children;
     for (RCShdPtr<UiWidget> const& child : _root->getChildrenList())
         children.push_back(child.get());
     EXPECT_EQ(children, (std::vector<UiWidget*>{kept.get(), top.get()}));
     EXPECT_EQ(_root->getAlwaysOnTop(), top);
     _root->removeChildren();
-}
-
-TEST_F(WidgetFactory, MalformedXmlThrowsSyntaxErrorNamingTheDocument) {
-    try {
-        UiWidgetFactory::createWidgetFromText(root(), "<Container><Widget Name='x'>", "broken.xml");
-        FAIL() << "no exception";
-    } catch (XmlEx::ExSyntaxError const& ex) {
-        EXPECT_EQ(ex.getReason().rfind("broken.xml:1:", 0), 0u) << ex.getReason();
-    }
-    EXPECT_TRUE(_root->getChildrenList().empty());
-}
-
-TEST_F(WidgetFactory, UnknownGroupTypeFailsAssertionNotDefinitionError) {
-    try {
-        UiWidgetFactory::createWidgetFromText(
-            root(), "<Container><Widget Name='c'/><Group Type='Nope'/></Container>", "g.xml");
-        FAIL() << "no exception";
-    } catch (UiWidgetDefinitionEx const&) {
-        FAIL() << "an unknown group type is a programming error";
-    } catch (ExAssertionFailed const& ex) {
-        EXPECT_EQ(ex.getReason(), "it != uiWidgetGroupFactories.end()");
-    }
-    EXPECT_TRUE(_root->getChildrenList().empty());
 }
 
 // --- registration ------------------------------------------------------------------------------
@@ -328,31 +309,21 @@ private:
 };
 
 TEST_F(WidgetFactory, RegisteringTwiceFailsAndUnregisteringUnknownFails) {
-    try {
-        UiWidgetFactory::registerFactory("Container", std::make_unique<UiContainerFactory>());
-        FAIL() << "no assertion";
-    } catch (ExAssertionFailed const& ex) {
-        EXPECT_EQ(ex.getReason(),
-                  "uiWidgetFactories.find( uiWidgetFactoryName ) == uiWidgetFactories.end()");
-    }
-    try {
-        UiWidgetFactory::unregisterFactory("NeverRegistered");
-        FAIL() << "no assertion";
-    } catch (ExAssertionFailed const& ex) {
-        EXPECT_EQ(ex.getReason(), "it != uiWidgetFactories.end()");
-    }
-    try {
-        UiWidgetGroupFactory::registerFactory("Children", std::make_unique<NamedGroupFactory>());
-        FAIL() << "no assertion";
-    } catch (ExAssertionFailed const& ex) {
-        EXPECT_EQ(ex.getReason(), "it == uiWidgetGroupFactories.end()");
-    }
-    try {
-        UiWidgetGroupFactory::unregisterFactory("NeverRegistered");
-        FAIL() << "no assertion";
-    } catch (ExAssertionFailed const& ex) {
-        EXPECT_EQ(ex.getReason(), "it != uiWidgetGroupFactories.end()");
-    }
+    using Ex = ExAssertionFailed;
+    EXPECT_EQ(reasonOf<Ex>([] {
+                  UiWidgetFactory::registerFactory("Container",
+                                                   std::make_unique<UiContainerFactory>());
+              }),
+              "uiWidgetFactories.find( uiWidgetFactoryName ) == uiWidgetFactories.end()");
+    EXPECT_EQ(reasonOf<Ex>([] { UiWidgetFactory::unregisterFactory("NeverRegistered"); }),
+              "it != uiWidgetFactories.end()");
+    EXPECT_EQ(reasonOf<Ex>([] {
+                  UiWidgetGroupFactory::registerFactory("Children",
+                                                        std::make_unique<NamedGroupFactory>());
+              }),
+              "it == uiWidgetGroupFactories.end()");
+    EXPECT_EQ(reasonOf<Ex>([] { UiWidgetGroupFactory::unregisterFactory("NeverRegistered"); }),
+              "it != uiWidgetGroupFactories.end()");
     // The failed registrations changed nothing.
     EXPECT_TRUE(UiWidgetFactory::isRegistered("Container"));
     EXPECT_TRUE(UiWidgetGroupFactory::isRegistered("Children"));

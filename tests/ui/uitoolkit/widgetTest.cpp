@@ -1,6 +1,7 @@
 // UiWidget as a client sees it: resize notices and the damage a move leaves on parent and
 // widget, mapping under unmapped parents, the enable asymmetry, opacity, colours, event
 // dropping, scroll forwarding, sibling constraints and what a destroyed widget leaves behind.
+#include "support/exceptionReason.h"
 #include "treeTestSupport.h"
 #include "uiTestSupport.h"
 
@@ -303,14 +304,9 @@ TEST_F(WidgetTest, ASiblingCreatedAfterTheWidgetIsReportedWithBothNames) {
                    UiConstraint::TypePixel, UiConstraint::TypePixel, UiConstraint::TargetSibling,
                    UiConstraint::TargetLow, UiConstraint::TargetLow, UiConstraint::TargetLow,
                    "later");
-    try {
-        w->setConstraint(c);
-        FAIL() << "no exception";
-    } catch (UiWidgetSiblingConstraintEx const& e) {
-        EXPECT_EQ(e.getReason(),
-                  "Widget 'w': Invalid sibling constraint: sibling 'later' not found (possible "
-                  "cause: the widget was created earlier than the target sibling).");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<UiWidgetSiblingConstraintEx>([&] { w->setConstraint(c); }),
+              "Widget 'w': Invalid sibling constraint: sibling 'later' not found (possible "
+              "cause: the widget was created earlier than the target sibling).");
     // Made later, it would be placed after this widget's constraint ran: still refused.
     auto later = LoggingWidget::make(root.get(), "later", {30, 40, 0, 10}, &log);
     EXPECT_THROW(w->applyConstraint(), UiWidgetSiblingConstraintEx);

@@ -1,5 +1,5 @@
 // Windows over the headless window layer: construction of a top level, repaint of the marks
-// only, swaps, sizes, the stencil view, and a click travelling through the loop.
+// only, swaps, sizes and the stencil view. A click through the loop is in pushButtonTest.
 #include "loopTestSupport.h"
 
 #include "uiWindowImp.h"
@@ -63,16 +63,14 @@ TEST_F(WindowTopLevel, MappingMapsTheSystemWindowAndUnmappingUnmapsIt) {
 
 // --- redraw ---------------------------------------------------------------------------------
 
-class WindowRedraw : public LoopFixture {
+class WindowRedraw : public WindowFixture {
 protected:
     void SetUp() override {
-        LoopFixture::SetUp();
-        _top = UiTopLevel::create("redraw");
-        _top->show();
-        UiContainer* root = _top->getRootContainer().get();
-        _left = UiWidget::create(root, "left");
+        WindowFixture::SetUp();
+        _top = top;
+        _left = UiWidget::create(root(), "left");
         _left->setRect({10, 60, 10, 60});
-        _right = UiWidget::create(root, "right");
+        _right = UiWidget::create(root(), "right");
         _right->setRect({100, 150, 10, 60});
         _window = static_cast<WsHeadlessWindow*>(_top->getOSWindow().get());
         // Paint both buffers once so that no mark is left: the first redraw leaves each mark
@@ -85,7 +83,7 @@ protected:
         _left = nullptr;
         _right = nullptr;
         _top = nullptr;
-        LoopFixture::TearDown();
+        WindowFixture::TearDown();
     }
     // Rectangles painted by recti or clears that lie inside `r`.
     static int paintedInside(SmGlRecorder const& gl, GeRectangle<int> const& r) {
@@ -191,37 +189,6 @@ TEST(WindowStencil, HeatMapTablesCountOverdrawInColour) {
         EXPECT_EQ(t[c][21], 255 << 8);
     EXPECT_EQ(t[3][0], 255 << 8);
     EXPECT_EQ(t[3][255], 255 << 8);
-}
-
-// --- a click through the loop ---------------------------------------------------------------
-
-TEST_F(WindowTopLevel, PressAndReleaseThroughTheLoopActivateTheWidget) {
-    UiApplication& app = UiApplication::getInstance();
-    RCShdPtr<UiTopLevel> top = UiTopLevel::create("click");
-    top->show();
-    RCShdPtr<ClickWidget> button =
-        ClickWidget::make(top->getRootContainer().get(), "ok", {20, 90, 20, 50});
-    std::vector<std::string> log;
-    CbFunction<EvEvent> onArm([&](EvEvent&) { log.push_back("arm"); });
-    CbFunction<EvEvent> onDisarm([&](EvEvent&) { log.push_back("disarm"); });
-    CbFunction<EvEvent> onActivate([&](EvEvent&) { log.push_back("activate"); });
-    button->addArmCb(&onArm);
-    button->addDisarmCb(&onDisarm);
-    button->addActivateCb(&onActivate);
-
-    WsWindowId id = top->getOSWindow()->getId();
-    app.postEvent(makeDown(id, {30, 30}, 1, 1));
-    app.postEvent(makeUp(id, {35, 32}, 1, 0));
-    // A second click released outside doesn't activate.
-    app.postEvent(makeDown(id, {30, 30}, 1, 1));
-    app.postEvent(makeUp(id, {300, 300}, 1, 0));
-    app.exitLoop();
-    app.messageLoop();
-
-    // The widget's own disarm handler, which activates, was added before the test's.
-    EXPECT_EQ(log, (std::vector<std::string>{"arm", "activate", "disarm", "arm", "disarm"}));
-    EXPECT_TRUE(UiArmStack::empty());
-    EXPECT_EQ(UiGrab::pointer().getCurrent(), nullptr);
 }
 
 TEST_F(WindowTopLevel, StencilWarningWithTooFewBitsKeepsModeZero) {
