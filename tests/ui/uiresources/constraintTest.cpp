@@ -1,5 +1,6 @@
 // Tests of UiConstraint: evaluation against parent and siblings, the grid, comparisons, and the
 // text and XML forms with their errors.
+#include "support/exceptionReason.h"
 #include "uiConstraint.h"
 
 #include "xmlDocument.h"
@@ -42,39 +43,37 @@ GeRectangle<int> rect(std::string const& text, int w, int h) {
     return parse(text).calcRect(w, h);
 }
 
-TEST(ConstraintCalc, FillGivesTheWholeParent) {
-    EXPECT_EQ(rect("0 p l 0 p b 0 p r 0 p t", 200, 100), GeRectangle<int>(0, 200, 0, 100));
+// Constraints in their text form evaluated in a parent of 200 by 100: x1, x2, y1, y2. A unit is
+// 7 pixels; the gap of the grid (4 across, 3 up) is lost on the far edge only, and "uu" never
+// takes it. A dimension on the high edge is the size; on the low edge the high edge is computed
+// first. Crossing edges give an empty rectangle at the low edge; a value that is not a number
+// places its edge at 0.
+TEST(ConstraintCalc, EdgesFollowTheirTypeAndTarget) {
+    struct {
+        char const* constraint;
+        GeRectangle<int> rect;
+    } const rows[] = {
+        {"0 p l 0 p b 0 p r 0 p t", {0, 200, 0, 100}},
+        {"0 u l 0 p b 3 u l 0 p t", {0, 17, 0, 100}},
+        {"2 u l 0 p b 5 u l 0 p t", {14, 31, 0, 100}}, // 14 up to 35 less the gap of 4
+        {"0 p l 1 u b 0 p r 3 u b", {0, 200, 7, 18}},
+        {"2 uu l 0 p b 5 uu l 0 p t", {14, 35, 0, 100}},
+        {"10 p l 0 p b 20 p w 0 p t", {10, 30, 0, 100}},
+        {"0 p l 0 p b 20 u w 0 p t", {0, 136, 0, 100}},
+        {"0 p l 10 p b 0 p r 2 u h", {0, 200, 10, 21}},
+        {"20 p w 0 p b 0 p r 0 p t", {180, 200, 0, 100}},
+        {"10 u w 0 p b 0 p r 0 p t", {134, 200, 0, 100}}, // 70 less the gap, as on the high edge
+        {"0 p l 30 p h 0 p r -10 p t", {0, 200, 60, 90}},
+        {"-10 p c -5 p c 10 p c 5 p c", {90, 110, 45, 55}},
+        {"25 % l 10 % b 75 % l 90 % b", {50, 150, 10, 90}},
+        {"50 p l 0 p b 20 p l 0 p t", {50, 50, 0, 100}},
+        {"nan p l 0 p b 10 p l 0 p t", {0, 10, 0, 100}},
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(rect(row.constraint, 200, 100), row.rect) << row.constraint;
     EXPECT_EQ(UiFillConstraint().calcRect(200, 100), GeRectangle<int>(0, 200, 0, 100));
-}
-
-TEST(ConstraintCalc, UnitsLoseTheGapOnTheFarEdgeOnly) {
-    EXPECT_EQ(rect("0 u l 0 p b 3 u l 0 p t", 200, 100), GeRectangle<int>(0, 17, 0, 100));
-    // Unit 2 to unit 5: 14 up to 35 less the gap of 4.
-    EXPECT_EQ(rect("2 u l 0 p b 5 u l 0 p t", 200, 100), GeRectangle<int>(14, 31, 0, 100));
-    // The y gap is 3.
-    EXPECT_EQ(rect("0 p l 1 u b 0 p r 3 u b", 200, 100), GeRectangle<int>(0, 200, 7, 18));
-    // "uu" never takes a gap.
-    EXPECT_EQ(rect("2 uu l 0 p b 5 uu l 0 p t", 200, 100), GeRectangle<int>(14, 35, 0, 100));
-}
-
-TEST(ConstraintCalc, DimensionOnTheHighEdgeIsTheSize) {
-    EXPECT_EQ(rect("10 p l 0 p b 20 p w 0 p t", 200, 100), GeRectangle<int>(10, 30, 0, 100));
-    EXPECT_EQ(rect("0 p l 0 p b 20 u w 0 p t", 200, 100), GeRectangle<int>(0, 136, 0, 100));
-    EXPECT_EQ(rect("0 p l 10 p b 0 p r 2 u h", 200, 100), GeRectangle<int>(0, 200, 10, 21));
-}
-
-TEST(ConstraintCalc, DimensionOnTheLowEdgeComputesTheHighEdgeFirst) {
-    EXPECT_EQ(rect("20 p w 0 p b 0 p r 0 p t", 200, 100), GeRectangle<int>(180, 200, 0, 100));
-    // The same size in units as on the high edge: 70 less the gap.
-    EXPECT_EQ(rect("10 u w 0 p b 0 p r 0 p t", 200, 100), GeRectangle<int>(134, 200, 0, 100));
-    EXPECT_EQ(rect("0 p l 30 p h 0 p r -10 p t", 200, 100), GeRectangle<int>(0, 200, 60, 90));
-}
-
-TEST(ConstraintCalc, CentreAndPercent) {
-    // Origin (200 - 1) * 0.5, value 100: floor(99.5 + 100 + 0.5).
+    // Centre: origin (200 - 1) * 0.5, value 100: floor(99.5 + 100 + 0.5).
     EXPECT_EQ(rect("50 % c 0 p b 0 p r 0 p t", 200, 100).x1, 200);
-    EXPECT_EQ(rect("-10 p c -5 p c 10 p c 5 p c", 200, 100), GeRectangle<int>(90, 110, 45, 55));
-    EXPECT_EQ(rect("25 % l 10 % b 75 % l 90 % b", 200, 100), GeRectangle<int>(50, 150, 10, 90));
 }
 
 TEST(ConstraintCalc, SiblingsAnchorOnFacingOrOppositeEdges) {
@@ -91,17 +90,11 @@ TEST(ConstraintCalc, SiblingsAnchorOnFacingOrOppositeEdges) {
     EXPECT_EQ(c.getSibling(3), LiString("above"));
 }
 
-TEST(ConstraintCalc, CrossingEdgesGiveAnEmptyRectangleAtTheLowEdge) {
-    EXPECT_EQ(rect("50 p l 0 p b 20 p l 0 p t", 200, 100), GeRectangle<int>(50, 50, 0, 100));
-}
-
 TEST(ConstraintCalc, EdgesBeyondTheRangeOfIntStopAtItsEnds) {
     GeRectangle<int> const r = rect("-1e30 p l 0 p b 1e30 % r 3e38 u t", 200, 100);
     EXPECT_EQ(r.x1, std::numeric_limits<int>::min());
     EXPECT_EQ(r.x2, 2147483520);
     EXPECT_EQ(r.y2, 2147483520);
-    // A value that is not a number places its edge at 0.
-    EXPECT_EQ(rect("nan p l 0 p b 10 p l 0 p t", 200, 100), GeRectangle<int>(0, 10, 0, 100));
 }
 
 TEST(ConstraintCalc, EditFormStoresThePixelEdges) {
@@ -117,12 +110,9 @@ TEST(ConstraintCalc, EditFormStoresThePixelEdges) {
 
 TEST(ConstraintCalc, UninitialisedConstraintRaises) {
     UiConstraint c;
-    try {
-        c.calcRect(10, 10);
-        FAIL() << "no exception";
-    } catch (UiResourceEx::UiConstraintEx::ExUninitialized const& ex) {
-        EXPECT_EQ(ex.getReason(), "Error, Use of a unitialized constraint");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<UiResourceEx::UiConstraintEx::ExUninitialized>(
+                  [&] { c.calcRect(10, 10); }),
+              "Error, Use of a unitialized constraint");
     EXPECT_THROW((void)(c == UiFillConstraint()), UiResourceEx::UiConstraintEx::ExUninitialized);
     std::ostringstream os;
     EXPECT_THROW(os << c, UiResourceEx::UiConstraintEx::ExUninitialized);
@@ -131,12 +121,8 @@ TEST(ConstraintCalc, UninitialisedConstraintRaises) {
 
 TEST(ConstraintCalc, BadSiblingIndexAborts) {
     UiConstraint c = UiFillConstraint();
-    try {
-        c.getSibling(4);
-        FAIL() << "no exception";
-    } catch (ExProgramAborted const& ex) {
-        EXPECT_EQ(ex.getReason(), "Unexpected constraint index : 4");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<ExProgramAborted>([&] { c.getSibling(4); }),
+              "Unexpected constraint index : 4");
     EXPECT_THROW(c.getSibling(-1), ExProgramAborted);
 }
 
@@ -252,12 +238,9 @@ TEST(ConstraintXml, MissingPartsAndUnknownKeywordsRaise) {
                              "Target='b'/><X2 Value='0' Type='p' Target='r'/>";
     EXPECT_NO_THROW(
         readXml("<Constraint>" + good + "<Y2 Value='0' Type='p' Target='t'/></Constraint>"));
-    try {
-        readXml("<Constraint>" + good + "</Constraint>");
-        FAIL() << "no exception";
-    } catch (UiResourceEx::ExIncompleteResource const& ex) {
-        EXPECT_EQ(ex.getReason(), "Error, wrong resource specification for resource ''.");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<UiResourceEx::ExIncompleteResource>(
+                  [&] { readXml("<Constraint>" + good + "</Constraint>"); }),
+              "Error, wrong resource specification for resource ''.");
     EXPECT_THROW(readXml("<Constraint>" + good + "<Y2 Value='0' Type='p'/></Constraint>"),
                  UiResourceEx::ExIncompleteResource);
     EXPECT_THROW(

@@ -1,6 +1,7 @@
 // Tests of the icon registry and the font and icon resources: one image per file, the traced
 // path, the written forms, unknown handles and the font definitions of resource tables.
 #include "resourcesTestSupport.h"
+#include "support/exceptionReason.h"
 
 #include "uiIconRegistry.h"
 #include "uiResFont.h"
@@ -16,6 +17,7 @@
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -78,12 +80,9 @@ TEST_F(IconResource, OneImagePerFileWhateverPathReachedIt) {
 
 TEST_F(IconResource, ImagesNotLoadedThroughTheRegistryFailTheAssertion) {
     RCShdPtr<WsManagedImage> inMemory(new WsManagedImage(RCShdPtr<IxTile>(new IxTile(2, 2, 4))));
-    try {
-        UiIconRegistry::getInstance().getImagePath(inMemory);
-        FAIL() << "no assertion";
-    } catch (ExBase const& ex) {
-        EXPECT_EQ(ex.getReason(), "it != reverseCache.end()");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<ExBase>(
+                  [&] { UiIconRegistry::getInstance().getImagePath(inMemory); }),
+              "it != reverseCache.end()");
     UiResIcon resource(LiString("Icon"), inMemory);
     EXPECT_THROW(resource.getIconPath(), ExBase);
 }
@@ -95,12 +94,9 @@ TEST_F(IconResource, UnreadableFilesRaiseAndAreNotCached) {
     EXPECT_EQ(icons.getNbImages(), before);
     // Before the directory is set, relative paths stand under "<IconDir>" and fail to load.
     icons.setIconDirectory(OsFilePath("<IconDir>"));
-    try {
-        icons.loadImage(OsFilePath("dot.tif"));
-        FAIL() << "loaded without an icon directory";
-    } catch (WsImageEx::ExUnreadable const& ex) {
-        EXPECT_NE(ex.getReason().find("<IconDir>"), std::string::npos) << ex.getReason();
-    }
+    EXPECT_THAT(TestSupport::reasonOf<WsImageEx::ExUnreadable>(
+                    [&] { icons.loadImage(OsFilePath("dot.tif")); }),
+                ::testing::HasSubstr("<IconDir>"));
     EXPECT_EQ(icons.getNbImages(), before);
 }
 
@@ -117,12 +113,8 @@ TEST_F(IconResource, NullImageWritesNoFileAndReadingThatBackAsksForSuchAFile) {
     EXPECT_NE(xml.str().find("<IconFile>&lt;no file&gt;</IconFile>"), std::string::npos)
         << xml.str();
     std::istringstream back(text.str());
-    try {
-        resource.read(back);
-        FAIL() << "read a file named <no file>";
-    } catch (WsImageEx::ExUnreadable const& ex) {
-        EXPECT_NE(ex.getReason().find("<no file>"), std::string::npos) << ex.getReason();
-    }
+    EXPECT_THAT(TestSupport::reasonOf<WsImageEx::ExUnreadable>([&] { resource.read(back); }),
+                ::testing::HasSubstr("<no file>"));
     EXPECT_FALSE(resource.getImage());
 }
 
@@ -206,12 +198,8 @@ TEST_F(FontResource, KnownHandleGivesTheRegistrysDescription) {
 TEST_F(FontResource, UnknownOrEmptyHandlesRaiseAndLeaveTheResource) {
     UiResFont font(LiString("Font"), "Normal10Font");
     std::istringstream unknown("NoSuchFont");
-    try {
-        font.read(unknown);
-        FAIL() << "unknown handle accepted";
-    } catch (UiResourceEx::UiInvalidFontEx const& ex) {
-        EXPECT_EQ(ex.getReason(), "Error, invalid font handle NoSuchFont");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<UiResourceEx::UiInvalidFontEx>([&] { font.read(unknown); }),
+              "Error, invalid font handle NoSuchFont");
     EXPECT_EQ(font.getFontHandle(), LiString("Normal10Font"));
     std::istringstream empty("");
     EXPECT_THROW(font.read(empty), UiResourceEx::ExInvalidStream);

@@ -98,55 +98,61 @@ protected:
     }
 };
 
-TEST_F(ResTableRead, UnknownTypeIsReportedAndTheNextResourceKept) {
-    UiResTable t;
-    t.readTable(LiString(table("<Widget Name='w'><Foo><Bar>1</Bar></Foo>"
-                               "<Value><Int>4</Int></Value></Widget>")),
-                UiResource::LevelApplication);
-    expectOneReport("internal resource string",
-                    "Error in resource 'Foo' for widget 'w' (in internal resource string):\n"
-                    "unknown resource type for widget `w` resource `Foo`.");
-    ASSERT_NE(t.getResourceSet("w"), nullptr);
-    EXPECT_EQ(names(*t.getResourceSet("w")), std::vector<std::string>{"Value"});
-    EXPECT_EQ(t.find("w", "Value")->getLevel(), UiResource::LevelApplication);
-}
+// A table body, the log lines its faults write (one message each), and the resources of
+// widget "w" that survive them.
+struct ReportRow {
+    char const* body;
+    std::vector<std::string> reports;
+    std::vector<std::string> kept;
+};
 
-TEST_F(ResTableRead, ChildWithoutTypeElementIsReported) {
-    UiResTable t;
-    t.readTable(LiString(table("<Widget Name='w'><Value>4</Value><Other><Int>1</Int></Other>"
-                               "</Widget>")),
-                UiResource::LevelApplication);
-    expectOneReport("internal resource string",
-                    "Error in resource 'Value' for widget 'w' (in internal resource string):\n"
-                    "no resource type for widget `w` resource `Value`.");
-    EXPECT_TRUE(t.find("w", "Other"));
-}
-
-TEST_F(ResTableRead, PayloadErrorsDropOnlyThatResource) {
-    UiResTable t;
-    t.readTable(LiString(table("<Widget Name='w'><Background><Color>Nope</Color></Background>"
-                               "<Rectangle><Coord X='1' Y='1' W='0' H='3'/></Rectangle>"
-                               "<Foreground><Color>White</Color></Foreground></Widget>")),
-                UiResource::LevelApplication);
-    ASSERT_EQ(shown().size(), 2u);
-    EXPECT_EQ(logText(),
-              logLine("Error in resource 'Background' for widget 'w' (in internal resource "
-                      "string):\nError, Unknown color type Nope") +
-                  logLine("Error in resource 'Rectangle' for widget 'w' (in internal resource "
-                          "string):\nError, wrong resource specification for resource ''."));
-    EXPECT_EQ(names(*t.getResourceSet("w")), std::vector<std::string>{"Foreground"});
-}
-
-TEST_F(ResTableRead, WidgetWithoutNameIsReportedAndOthersRead) {
-    UiResTable t;
-    t.readTable(LiString(table("<Widget><Value><Int>1</Int></Value></Widget>"
-                               "<Widget Name='ok'><Value><Int>2</Int></Value></Widget>")),
-                UiResource::LevelApplication);
-    expectOneReport("internal resource string",
-                    "Widget resource error in internal resource string:\n"
-                    "Widget without a name attribute.");
-    EXPECT_EQ(t.getNbEntries(), 1);
-    EXPECT_TRUE(t.find("ok", "Value"));
+TEST_F(ResTableRead, EachFaultIsReportedAndTheRestOfTheTableRead) {
+    std::string const in = " (in internal resource string):\n";
+    ReportRow const rows[] = {
+        {"<Widget Name='w'><Foo><Bar>1</Bar></Foo><Value><Int>4</Int></Value></Widget>",
+         {"Error in resource 'Foo' for widget 'w'" + in +
+          "unknown resource type for widget `w` resource `Foo`."},
+         {"Value"}},
+        {"<Widget Name='w'><Value>4</Value><Other><Int>1</Int></Other></Widget>",
+         {"Error in resource 'Value' for widget 'w'" + in +
+          "no resource type for widget `w` resource `Value`."},
+         {"Other"}},
+        {"<Widget Name='w'><Background><Color>Nope</Color></Background>"
+         "<Rectangle><Coord X='1' Y='1' W='0' H='3'/></Rectangle>"
+         "<Foreground><Color>White</Color></Foreground></Widget>",
+         {"Error in resource 'Background' for widget 'w'" + in + "Error, Unknown color type Nope",
+          "Error in resource 'Rectangle' for widget 'w'" + in +
+              "Error, wrong resource specification for resource ''."},
+         {"Foreground"}},
+        {"<Widget><Value><Int>1</Int></Value></Widget>"
+         "<Widget Name='w'><Value><Int>2</Int></Value></Widget>",
+         {"Widget resource error in internal resource string:\nWidget without a name attribute."},
+         {"Value"}},
+        {"<ColorDefinition R='1' G='1' B='1'/><FontDefinition Handle='Small' Name=''/>",
+         {"Font resource error in internal resource string:\nno resource parameter given "
+          "`Small`.",
+          "Color resource error in internal resource string:\nno resource name given for "
+          "widget `ColorDefinition`."},
+         {}},
+    };
+    for (ReportRow const& row : rows) {
+        SCOPED_TRACE(row.body);
+        clearReports();
+        UiResTable t;
+        t.readTable(LiString(table(row.body)), UiResource::LevelApplication);
+        std::string expected;
+        for (std::string const& line : row.reports)
+            expected += logLine(line);
+        EXPECT_EQ(logText(), expected);
+        ASSERT_EQ(shown().size(), row.reports.size());
+        EXPECT_EQ(shown()[0].id, "MSG_RESOURCE_RES_ERROR");
+        EXPECT_EQ(shown()[0].arguments, std::vector<std::string>{"internal resource string"});
+        UiResSet const* w = t.getResourceSet("w");
+        EXPECT_EQ(w ? names(*w) : std::vector<std::string>{}, row.kept);
+        EXPECT_EQ(t.getNbEntries(), w ? 1 : 0);
+        for (std::string const& name : row.kept)
+            EXPECT_EQ(t.find("w", name.c_str())->getLevel(), UiResource::LevelApplication);
+    }
 }
 
 TEST_F(ResTableRead, ColorDefinitionErrorsAndLateDefinitions) {
@@ -164,18 +170,6 @@ TEST_F(ResTableRead, ColorDefinitionErrorsAndLateDefinitions) {
     ASSERT_TRUE(color);
     EXPECT_EQ(color->getColor(), CoRgbColorTyped<float>(1.f, 0.f, 0.2f));
     EXPECT_FALSE(UiColorRegistry::getInstance().isRegisteredColor("ResTableBad"));
-}
-
-TEST_F(ResTableRead, DefinitionsWithoutHandleName) {
-    UiResTable t;
-    t.readTable(LiString(table("<ColorDefinition R='1' G='1' B='1'/>"
-                               "<FontDefinition Handle='Small' Name=''/>")),
-                UiResource::LevelApplication);
-    ASSERT_EQ(shown().size(), 2u);
-    EXPECT_EQ(logText(), logLine("Font resource error in internal resource string:\n"
-                                 "no resource parameter given `Small`.") +
-                             logLine("Color resource error in internal resource string:\n"
-                                     "no resource name given for widget `ColorDefinition`."));
 }
 
 TEST_F(ResTableRead, SyntaxErrorOfAStringIsReported) {
@@ -344,12 +338,9 @@ TEST_F(ResTableFile, WrittenTableReadsBackEqual) {
     }
 }
 
-TEST(ResTableNames, DirectoryAndTags) {
+TEST(ResTableNames, DirectoryAndTag) {
     EXPECT_EQ(UiResTable::getResTableDir().toString(), "resTables");
     EXPECT_EQ(UiResTable::getResTableNameTag(), "ResTableName");
-    UiResTable t(2.0f);
-    EXPECT_EQ(t.getFontScale(), 2.0f);
-    EXPECT_EQ(UiResTable().getFontScale(), 1.0f);
 }
 
 } // namespace

@@ -54,6 +54,11 @@ protected:
         return "main: [UiResources    ] " + text + "\n";
     }
     std::vector<Shown> const& shown() const { return _shown; }
+    // Forgets what was reported so far.
+    void clearReports() {
+        _shown.clear();
+        _log.str("");
+    }
 
 private:
     std::vector<Shown> _shown;

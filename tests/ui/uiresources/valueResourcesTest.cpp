@@ -1,5 +1,6 @@
 // Tests of the value resources: their XML and text forms, errors, clones and the registry of
 // prototypes.
+#include "support/exceptionReason.h"
 #include "uiColorRegistry.h"
 #include "uiResAlign.h"
 #include "uiResColor.h"
@@ -56,20 +57,14 @@ TEST(ValueResourceCoord, XmlAndTextForms) {
 
 TEST(ValueResourceCoord, MissingSizeOrElementIsIncomplete) {
     UiResCoord coord("Rectangle", GeRectangle<int>(1, 2, 3, 4));
-    try {
-        readFrom(coord, "<Coord X='10' Y='5' H='30'/>");
-        FAIL() << "no exception";
-    } catch (UiResourceEx::ExIncompleteResource const& ex) {
-        EXPECT_EQ(ex.getReason(), "Error, wrong resource specification for resource ''.");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<UiResourceEx::ExIncompleteResource>(
+                  [&] { readFrom(coord, "<Coord X='10' Y='5' H='30'/>"); }),
+              "Error, wrong resource specification for resource ''.");
     EXPECT_EQ(coord.getCoord(), GeRectangle<int>(1, 2, 3, 4));
     EXPECT_THROW(readFrom(coord, "<Int>3</Int>"), UiResourceEx::ExIncompleteResource);
-    try {
-        UiResCoord bad("r", "1 2 x 4");
-        FAIL() << "no exception";
-    } catch (UiResourceEx::ExIncompleteResource const& ex) {
-        EXPECT_EQ(ex.getReason(), "Error, unexpected end of resource specification.");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<UiResourceEx::ExIncompleteResource>(
+                  [&] { UiResCoord bad("r", "1 2 x 4"); }),
+              "Error, unexpected end of resource specification.");
 }
 
 TEST(ValueResourceNumbers, ReadingReplacesAndTextListsValues) {
@@ -163,12 +158,9 @@ TEST(ValueResourceColor, ByNameByteAndFloat) {
 
 TEST(ValueResourceColor, UnknownNameRaisesAndNamesAreCopiedAtReading) {
     UiResColor color("Background");
-    try {
-        readFrom(color, "<Color>Selectoin</Color>");
-        FAIL() << "no exception";
-    } catch (UiResourceEx::UiColorEx::ExUnknownType const& ex) {
-        EXPECT_EQ(ex.getReason(), "Error, Unknown color type Selectoin");
-    }
+    EXPECT_EQ(TestSupport::reasonOf<UiResourceEx::UiColorEx::ExUnknownType>(
+                  [&] { readFrom(color, "<Color>Selectoin</Color>"); }),
+              "Error, Unknown color type Selectoin");
     UiColorRegistry& registry = UiColorRegistry::getInstance();
     registry.registerColor("ValueTestColor", 10, 20, 30);
     readFrom(color, "<Color>ValueTestColor</Color>");
