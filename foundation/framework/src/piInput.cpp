@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace Zr {
 
@@ -20,19 +22,40 @@ namespace {
 thread_local std::vector<PiInput const*> tl_evaluating;
 thread_local PiInput const* tl_cycleStart = nullptr;
 
+// The inputs under evaluation, for a look-up in constant time (tl_evaluating keeps the order).
+thread_local std::unordered_set<PiInput const*> tl_evaluatingSet;
+// Values of inputs already computed in the present top-level evaluation (one time), so that
+// each input of a chain or a diamond is computed once; null outside one.
+thread_local std::unordered_map<PiInput const*, double>* tl_computed = nullptr;
+
+// How deep expressions may read through each other while evaluating recursively. A long chain
+// never gets near it (its links are computed ahead, bottom up); only the inputs leading into
+// a cycle recurse, and past this depth the deepest falls back as on a cycle.
+constexpr std::size_t MaxReadDepth = 1000;
+
 class EvaluationFrame {
 public:
-    explicit EvaluationFrame(PiInput const* input) { tl_evaluating.push_back(input); }
-    ~EvaluationFrame() { tl_evaluating.pop_back(); }
+    explicit EvaluationFrame(PiInput const* input) {
+        tl_evaluating.push_back(input);
+        tl_evaluatingSet.insert(input);
+    }
+    ~EvaluationFrame() {
+        tl_evaluatingSet.erase(tl_evaluating.back());
+        tl_evaluating.pop_back();
+    }
     EvaluationFrame(EvaluationFrame const&) = delete;
     EvaluationFrame& operator=(EvaluationFrame const&) = delete;
 };
 
 // A cycle is an input read again while its own evaluation is under way.
 void checkNoCycle(PiInput const* input) {
-    auto it = std::find(tl_evaluating.begin(), tl_evaluating.end(), input);
-    if (it == tl_evaluating.end())
+    if (tl_evaluating.size() >= MaxReadDepth)
+        throw PiExpressionEx::ExEvaluation(__FILE__, __LINE__,
+                                           "Expressions read through more than " +
+                                               std::to_string(MaxReadDepth) + " inputs");
+    if (!tl_evaluatingSet.contains(input))
         return;
+    auto it = std::find(tl_evaluating.begin(), tl_evaluating.end(), input);
     std::string text = "Expression cycle: ";
     for (; it != tl_evaluating.end(); ++it)
         text += (*it)->getFullName() + " -> ";
@@ -239,11 +262,28 @@ void PiInput::setStringValue(std::string const& value) {
 }
 
 double PiInput::roundForType(double value) const {
+    // An integer input holds an int: values past its range are kept at its ends, and a
+    // computed NaN never reaches it (evaluation reports it and falls back; see checkHoldable).
     if (_type == Type::Int)
-        return std::round(value);
+        return std::isnan(value)
+                   ? 0.0
+                   : std::clamp(std::round(value), double(std::numeric_limits<int>::min()),
+                                double(std::numeric_limits<int>::max()));
     if (_type == Type::Bool)
-        return std::round(value) != 0.0 ? 1.0 : 0.0;
+        return !std::isnan(value) && std::round(value) != 0.0 ? 1.0 : 0.0;
     return value;
+}
+
+void PiInput::checkHoldable(double value) const {
+    bool const integer = _type == Type::Int;
+    if (!(integer || _type == Type::Bool) || std::isfinite(value) ||
+        (!integer && !std::isnan(value)))
+        return;
+    std::string const what = std::isnan(value) ? "NaN" : value > 0 ? "infinity" : "-infinity";
+    throw PiExpressionEx::ExEvaluation(__FILE__, __LINE__,
+                                       "The value is " + what + ", which " +
+                                           (integer ? "an integer" : "a boolean") +
+                                           " input cannot hold");
 }
 
 double PiInput::constrain(double value) const {
@@ -394,6 +434,20 @@ void PiInput::resolveReads() const {
 // --- Evaluation
 
 double PiInput::evaluate(double time) const {
+    // A top-level evaluation first computes what the expression reads, bottom up.
+    std::unordered_map<PiInput const*, double> computed;
+    bool const top = tl_evaluating.empty() && tl_computed == nullptr;
+    if (top) {
+        tl_computed = &computed;
+        computeReadsAhead(time);
+    }
+    struct EndTop {
+        bool top;
+        ~EndTop() {
+            if (top)
+                tl_computed = nullptr;
+        }
+    } endTop{top};
     try {
         return evaluateInCycle(time);
     } catch (PiExpressionEx::ExEvaluation const&) {
@@ -403,6 +457,51 @@ double PiInput::evaluate(double time) const {
             throw;
         tl_cycleStart = nullptr;
         return evaluateWithoutExpression(time);
+    }
+}
+
+std::vector<PiInput*> const* PiInput::getExpressionReads() const {
+    if (_type == Type::String || isConnected() || !_expression || !_expression->isValid())
+        return nullptr;
+    resolveReads();
+    return &_resolvedReads;
+}
+
+void PiInput::computeReadsAhead(double time) const {
+    // Depth first without recursion, each input after what it reads. An input on a cycle, or
+    // one that reaches a cycle, is left to the recursive evaluation, which reports the cycle
+    // from the same entry as without this step.
+    enum class Mark { Open, Done, Cyclic };
+    std::unordered_map<PiInput const*, Mark> marks{{this, Mark::Open}};
+    struct Frame {
+        PiInput const* input;
+        std::vector<PiInput*> const* reads;
+        std::size_t next;
+        bool cyclic;
+    };
+    std::vector<Frame> stack{{this, getExpressionReads(), 0, false}};
+    while (!stack.empty()) {
+        Frame& frame = stack.back();
+        if (frame.reads && frame.next < frame.reads->size()) {
+            PiInput const* read = (*frame.reads)[frame.next++];
+            if (!read)
+                continue;
+            auto const [mark, fresh] = marks.try_emplace(read, Mark::Open);
+            if (fresh)
+                stack.push_back({read, read->getExpressionReads(), 0, false});
+            else if (mark->second != Mark::Done)
+                frame.cyclic = true; // open: a cycle; cyclic: leads into one
+            continue;
+        }
+        Frame const done = frame;
+        stack.pop_back();
+        marks[done.input] = done.cyclic ? Mark::Cyclic : Mark::Done;
+        if (!stack.empty() && done.cyclic)
+            stack.back().cyclic = true;
+        if (done.cyclic || !done.reads || stack.empty())
+            continue;
+        double const value = done.input->evaluateInCycle(time);
+        (*tl_computed)[done.input] = value;
     }
 }
 
@@ -438,10 +537,16 @@ double PiInput::evaluateInCycle(double time) const {
                         "Unknown input: " +
                             _expression->getVariables()[static_cast<std::size_t>(index)]);
                 }
+                if (tl_computed) {
+                    auto const found = tl_computed->find(read);
+                    if (found != tl_computed->end())
+                        return found->second;
+                }
                 return read->evaluateInCycle(time);
             });
             _evaluationError.clear();
         }
+        checkHoldable(value);
         return roundForType(value);
     } catch (PiExpressionEx::ExEvaluation const& e) {
         _evaluationError = e.getReason();
@@ -548,11 +653,10 @@ void PiInput::fireChange(bool value, bool state) {
 
 void PiInput::notifyValueChanged() {
     std::vector<RCShdPtr<PiInput>> queue{RCShdPtr<PiInput>(this)};
-    auto push = [&queue](PiInput* input) {
-        for (auto const& queued : queue)
-            if (queued.get() == input)
-                return;
-        queue.emplace_back(input);
+    std::unordered_set<PiInput*> queued{this};
+    auto push = [&queue, &queued](PiInput* input) {
+        if (queued.insert(input).second)
+            queue.emplace_back(input);
     };
     for (std::size_t i = 0; i < queue.size(); ++i) {
         PiInput* input = queue[i].get();

@@ -169,9 +169,19 @@ public:
 protected:
     // Rounds int and bool values and clamps to the range.
     double constrain(double value) const;
+    // Raises PiExpressionEx::ExEvaluation for a computed value this input can't hold: NaN for
+    // an integer or boolean input, an infinity for an integer one.
+    void checkHoldable(double value) const;
     double roundForType(double value) const;
     // Evaluation that lets an expression cycle pass up to the input where it started.
     double evaluateInCycle(double time) const;
+    // The inputs this one's expression reads, when its value comes from the expression; null
+    // otherwise.
+    std::vector<PiInput*> const* getExpressionReads() const;
+    // Computes, before a top-level evaluation, every input the expression reads directly or
+    // not, bottom up and without recursion, so that the evaluation itself stays shallow and
+    // each input is computed once.
+    void computeReadsAhead(double time) const;
     double evaluateWithoutExpression(double time) const;
     void fireChange(bool value, bool state);
     void checkAnimatable() const;
