@@ -1,13 +1,16 @@
 // Toolkit windows on a real display (the virtual one under scripts/test.sh): pixels read back
-// after redraws, only the marks repainted, no swap without marks, resize, expose, closing
-// windows, text where its metrics put it, an image partly off the lower-left corner. Every
-// test is skipped when no display opened.
+// after redraws, only the marks repainted, resize, expose, text where its metrics put it, an
+// image partly off the lower-left corner, and frames, text, icons and buttons compared with
+// reference images. Closing windows and a redraw without marks are tested without a display
+// (applicationLoopTest, windowTest). Every test is skipped when no display opened.
 #include "uiApplication.h"
 #include "uiColorRegistry.h"
 #include "uiContainer.h"
 #include "uiFrame.h"
 #include "uiIcon.h"
+#include "uiPushButton.h"
 #include "uiString.h"
+#include "uiToggleButton.h"
 #include "uiTopLevel.h"
 #include "uiWidget.h"
 
@@ -242,20 +245,6 @@ TEST_F(ScreenMarks, OnlyTheMarkedWidgetIsRepainted) {
     EXPECT_EQ(pixel(w, px, 120, 30), rgba(0, 255, 0));
 }
 
-TEST_F(ScreenMarks, AWindowWithoutMarksNeitherDrawsNorSwaps) {
-    UiTopLevel& w = open();
-    RCShdPtr<UiWidget> a = box(w, {10, 60, 10, 60}, colour(255, 0, 0));
-    DrawCounter& da = count(a.get());
-    pump(150);
-    int const swaps = w.getSwapCount();
-    da.count = 0;
-    EXPECT_FALSE(w.needsRedraw());
-    EXPECT_FALSE(w.redraw());
-    EXPECT_EQ(pump(100), 0);
-    EXPECT_EQ(w.getSwapCount(), swaps);
-    EXPECT_EQ(da.count, 0);
-}
-
 TEST_F(ScreenEvents, ResizeFollowsTheWindowAndFillsTheRoot) {
     UiTopLevel& w = open(120, 90);
     w.setRect({100, 260, 100, 220});
@@ -279,50 +268,6 @@ TEST_F(ScreenEvents, ExposeRepaintsTheWindow) {
         w.getOSWindow()->getId(), GeRectangle<int>{0, 200, 0, 150}));
     EXPECT_GE(pump(100), 1);
     EXPECT_GE(da.count, 1);
-}
-
-TEST_F(ScreenEvents, ClosingASecondaryWindowRemovesItAndCallsTheCloseHandlers) {
-    UiTopLevel& w = open();
-    UiApplication& app = UiApplication::getInstance();
-    int closes = 0;
-    CbFunction<EvEvent> onClose([&](EvEvent&) { ++closes; });
-    app.addWindowCloseHandler(&onClose);
-    WsWindow* os = w.getOSWindow().get();
-    app.postEvent(std::make_unique<WsWindowCloseEvent>(os->getId()));
-    pump(100);
-    app.removeWindowCloseHandle(&onClose);
-    EXPECT_EQ(closes, 1);
-    EXPECT_EQ(app.getWindowRef(os), nullptr);
-    EXPECT_FALSE(w.isDisplayed());
-    EXPECT_FALSE(app.isExitRequested());
-}
-
-TEST_F(ScreenEvents, ClosingTheMainWindowAsksTheExitHandlers) {
-    UiTopLevel& w = open(200, 150, true);
-    UiApplication& app = UiApplication::getInstance();
-    ASSERT_EQ(app.getMainWindow(), &w);
-    struct Handler : UiApplication::ExitHandler {
-        bool allow = false;
-        int asked = 0;
-        bool canExit() override {
-            ++asked;
-            return allow;
-        }
-    } handler;
-    UiApplication::addExitHandler(&handler);
-    WsWindowId const id = w.getOSWindow()->getId();
-    app.postEvent(std::make_unique<WsWindowCloseEvent>(id));
-    pump(100);
-    EXPECT_EQ(handler.asked, 1);
-    EXPECT_FALSE(app.isExitRequested());
-    EXPECT_NE(app.getWindowRef(id), nullptr);
-
-    handler.allow = true;
-    app.postEvent(std::make_unique<WsWindowCloseEvent>(id));
-    pump(100);
-    UiApplication::removeExitHandler(&handler);
-    EXPECT_EQ(handler.asked, 2);
-    EXPECT_TRUE(app.isExitRequested());
 }
 
 TEST_F(ScreenText, TextIsDrawnWhereItsMetricsSay) {
@@ -500,6 +445,32 @@ TEST_F(ScreenReference, AlignedTextAndIconsLookAsTheReference) {
     std::vector<std::uint8_t> px = w.readPixels();
     EXPECT_GE(counter.count, 1);
     expectMatchesReference(w, px, "alignedTextAndIcons");
+}
+
+// Push buttons out and pushed in, toggle buttons off and on.
+TEST_F(ScreenReference, PushButtonsAndTogglesLookAsTheReference) {
+    UiTopLevel& w = open(240, 100);
+    UiContainer* root = w.getRootContainer().get();
+    auto out = UiPushButton::create(root, "out");
+    out->setRect({10, 110, 55, 85});
+    out->getLabel().setFont(WsFontRegistry::Bold12Font);
+    out->getLabel().setString("OK");
+    auto pushed = UiPushButton::create(root, "pushed");
+    pushed->setRect({130, 230, 55, 85});
+    pushed->getLabel().setFont(WsFontRegistry::Bold12Font);
+    pushed->getLabel().setString("Cancel");
+    pushed->setActive(true);
+    auto off = UiToggleButton::create(root, "off");
+    off->setRect({10, 110, 15, 45});
+    off->setFont(WsFontRegistry::Bold12Font);
+    off->setLabels("Loop", "Looping");
+    auto on = UiToggleButton::create(root, "on");
+    on->setRect({130, 230, 15, 45});
+    on->setFont(WsFontRegistry::Bold12Font);
+    on->setLabels("Loop", "Looping");
+    on->setState(true, false);
+    pump(100);
+    expectMatchesReference(w, w.readPixels(), "buttons");
 }
 
 } // namespace
