@@ -40,6 +40,11 @@ struct InputGraph : ::testing::Test {
     RCShdPtr<PiStructuredInput> gain = dynamicCast<PiStructuredInput>(grade->findInput("gain"));
 
     RCShdPtr<CmCommandStack> stack() const { return graph->getCommandStack(); }
+    template <class F>
+    void undoable(std::string const& label, F&& edit) const {
+        PiUndoGuard guard(stack(), label);
+        edit();
+    }
 };
 
 TEST_F(InputGraph, ConnectionWinsOverExpressionOverCurveOverStaticValue) {
@@ -202,10 +207,7 @@ TEST_F(InputGraph, ResetDropsEverythingInOneChangeAndUndoBringsItBack) {
     radius->setExpression("time");
     radius->connect(value->getOutput());
     Watch w(radius);
-    {
-        PiUndoGuard guard(stack(), "Reset");
-        radius->reset();
-    }
+    undoable("Reset", [&] { radius->reset(); });
     EXPECT_EQ(w.value.take(), 1);
     EXPECT_EQ(w.state.take(), 1);
     EXPECT_FALSE(radius->isConnected());
@@ -227,10 +229,7 @@ TEST_F(InputGraph, ResetDropsEverythingInOneChangeAndUndoBringsItBack) {
 
     // A reset of an input at its default changes nothing and logs nothing.
     alpha->reset();
-    {
-        PiUndoGuard guard(stack(), "Reset alpha");
-        alpha->reset();
-    }
+    undoable("Reset alpha", [&] { alpha->reset(); });
     EXPECT_EQ(stack()->getNbUndo(), 0);
     EXPECT_EQ(stack()->getNbRedo(), 1);
 }
@@ -250,10 +249,7 @@ TEST_F(InputGraph, StructuredInputsChangeThroughTheirPartsAndTellTheWholeOnce) {
     EXPECT_FALSE(gain->isAnimatable());
     EXPECT_THROW(gain->setKey(0.0, 1.0), PiInputEx::ExNotAnimatable);
 
-    {
-        PiUndoGuard guard(stack(), "Reset gain");
-        gain->reset();
-    }
+    undoable("Reset gain", [&] { gain->reset(); });
     EXPECT_EQ(whole.value.take(), 1);
     EXPECT_EQ(whole.state.take(), 1);
     EXPECT_EQ(red.value.take(), 1);
@@ -289,24 +285,16 @@ TEST_F(InputGraph, ConnectedInputsFollowTheValueNode) {
 
 TEST_F(InputGraph, UndoAndRedoRestoreValuesKeysAndExpressionsExactly) {
     Watch w(radius);
-    {
-        PiUndoGuard guard(stack(), "Set radius");
-        radius->setStaticValue(12);
-    }
-    {
-        PiUndoGuard guard(stack(), "Set key");
+    undoable("Set radius", [&] { radius->setStaticValue(12); });
+    undoable("Set key", [&] {
         radius->setKey(1.0, 40.0);
         radius->setKey(2.0, 80.0);
-    }
-    {
-        PiUndoGuard guard(stack(), "Move key");
+    });
+    undoable("Move key", [&] {
         radius->removeKey(2.0);
         radius->setKey(3.0, 90.0);
-    }
-    {
-        PiUndoGuard guard(stack(), "Set expression");
-        radius->setExpression("Grade.saturation * 10");
-    }
+    });
+    undoable("Set expression", [&] { radius->setExpression("Grade.saturation * 10"); });
     ASSERT_EQ(stack()->getNbUndo(), 4);
     w.value.take();
     w.state.take();
@@ -368,10 +356,7 @@ TEST_F(InputGraph, AnimInterfaceCreatesRemovesAndCopiesCurves) {
     EXPECT_FALSE(radius->hasKeyAt(5.0));
 
     radius->setExpression("time * 10");
-    {
-        PiUndoGuard guard(stack(), "Remove Animation");
-        anim->removeCurve(radius, 2.0);
-    }
+    undoable("Remove Animation", [&] { anim->removeCurve(radius, 2.0); });
     EXPECT_FALSE(radius->hasAnimation());
     EXPECT_FALSE(radius->hasExpression());
     EXPECT_EQ(radius->getStaticValue(), 20.0);

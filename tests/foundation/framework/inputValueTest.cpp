@@ -250,14 +250,8 @@ TEST_F(InputValue, ObserversFireOnceOnUndoAndRedo) {
     CallCounter onValue, onState;
     value->addValueObserver(&onValue);
     value->addStateObserver(&onState);
-    {
-        PiUndoGuard guard(g.stack(), "Set radius");
-        EXPECT_TRUE(value->setValue(8.0));
-    }
-    {
-        PiUndoGuard guard(g.stack(), "Set Expression");
-        radius->setExpression("Node1.count + 1");
-    }
+    g.undoable("Set radius", [&] { EXPECT_TRUE(value->setValue(8.0)); });
+    g.undoable("Set Expression", [&] { radius->setExpression("Node1.count + 1"); });
     onValue.take();
     onState.take();
     ASSERT_TRUE(g.stack()->undo());
@@ -279,20 +273,18 @@ TEST_F(InputValue, ObserversFireOnceOnUndoAndRedo) {
 
 TEST_F(InputValue, SetValueInAnUndoScopeIsOneEntryAndUndoRestores) {
     auto value = proxy();
-    {
-        PiUndoGuard guard(g.stack(), "Set Radius");
+    g.undoable("Set Radius", [&] {
         EXPECT_TRUE(value->setValue(12.0));
         EXPECT_TRUE(value->setValue(13.0));
-    }
+    });
     EXPECT_EQ(g.stack()->getNbUndo(), 1);
     EXPECT_EQ(g.stack()->getUndoLabel(), "Set Radius");
     auto source = g.graph->createValueNode();
-    {
-        PiUndoGuard guard(g.stack(), "Refused");
+    g.undoable("Refused", [&] {
         g.input("count")->connect(source->getOutput());
         EXPECT_FALSE(proxy("count")->setValue(5.0));
         g.input("count")->disconnect();
-    }
+    });
     EXPECT_EQ(g.stack()->getNbUndo(), 1); // nothing changed in the end: no entry
     g.stack()->undo();
     EXPECT_EQ(value->getValue(), 2.0);

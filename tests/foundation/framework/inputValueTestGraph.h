@@ -6,6 +6,7 @@
 #include "piStructuredInput.h"
 #include "piTimePath.h"
 #include "piToolRegistry.h"
+#include "piUndoGuard.h"
 
 #include <gtest/gtest.h>
 
@@ -63,6 +64,12 @@ struct InputTestGraph {
     }
     RCShdPtr<PiCommandStack> stack() const { return graph->getCommandStack(); }
     void setTime(double seconds) const { graph->getTimeClient()->setTime(seconds); }
+    // Runs `edit` inside an undo guard labelled `label`: one entry on the graph's stack.
+    template <class F>
+    void undoable(std::string const& label, F&& edit) const {
+        PiUndoGuard guard(stack(), label);
+        edit();
+    }
 };
 
 // Counts the calls of a no-argument callback.

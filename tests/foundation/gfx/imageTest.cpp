@@ -8,6 +8,8 @@
 #include "txTexFcty.h"
 #include "wsManagedImage.h"
 
+#include "support/exceptionReason.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,6 +17,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -58,12 +61,8 @@ void expectSamePixels(IxTile const& expected, IxTile const& actual) {
 }
 
 std::string unreadableReason(OsFilePath const& path) {
-    try {
-        WsManagedImage::loadFromFile(path);
-    } catch (WsImageEx::ExUnreadable const& ex) {
-        return ex.getReason();
-    }
-    return "(read)";
+    return TestSupport::reasonOf<WsImageEx::ExUnreadable>(
+        [&] { WsManagedImage::loadFromFile(path); });
 }
 
 std::string readBytes(OsFilePath const& path) {
@@ -172,12 +171,9 @@ TEST_F(ImageFile, UnreadableFilesRaiseAnExceptionNamingThem) {
 TEST_F(ImageFile, UnwritableFilesRaiseAnExceptionNamingThem) {
     RCShdPtr<IxTile> const tile = makeTile(2, 2, 3);
     OsFilePath const nowhere = path("no/such/dir/x.png");
-    try {
-        WsManagedImage::writePng(*tile, nowhere);
-        FAIL() << "written";
-    } catch (WsImageEx::ExUnwritable const& ex) {
-        EXPECT_EQ(0u, ex.getReason().find("Cannot write image \"" + nowhere.toString() + "\": "));
-    }
+    EXPECT_EQ(0u, TestSupport::reasonOf<WsImageEx::ExUnwritable>([&] {
+                      WsManagedImage::writePng(*tile, nowhere);
+                  }).find("Cannot write image \"" + nowhere.toString() + "\": "));
     EXPECT_THROW(WsManagedImage::writeTiff(*tile, path("no/such/dir/x.tif")),
                  WsImageEx::ExUnwritable);
     EXPECT_THROW(WsManagedImage::writePng(IxTile(0, 0, 3), path("e.png")), WsImageEx::ExUnwritable);
@@ -200,12 +196,8 @@ TEST(ImageTile, GuardsReadersAndViewsRows) {
         EXPECT_TRUE(tile->isReadLocked());
         IxScanline<std::uint8_t const> bytes(guard.getTile(), 0);
         EXPECT_EQ(12, bytes.size());
-        try {
-            tile->setValue(0, 0, 0, 1);
-            FAIL() << "written while read";
-        } catch (ExAssertionFailed const& ex) {
-            EXPECT_EQ("!isReadLocked()", ex.getReason());
-        }
+        EXPECT_EQ("!isReadLocked()",
+                  TestSupport::reasonOf<ExAssertionFailed>([&] { tile->setValue(0, 0, 0, 1); }));
     }
     EXPECT_FALSE(tile->isReadLocked());
     tile->setValue(0, 0, 0, 1);
@@ -213,30 +205,61 @@ TEST(ImageTile, GuardsReadersAndViewsRows) {
     EXPECT_THROW(IxTile(2, 2, 5), ExAssertionFailed);
 }
 
-TEST(ImagePixels, DrawsWhollyInsideWithoutSkipping) {
-    SmGlRecorder gl;
-    SmGlBackendGuard guard(gl);
-    RCShdPtr<IxTile> const tile = makeTile(10, 8, 4);
-    GfxImageUtil::drawPixels(tile, tile->getBounds(), {3, 5}, 1.f, 1.f, {3, 5});
-    EXPECT_TRUE(logHas(gl, "pixelStorei(0x0CF4, 0)"));
-    EXPECT_TRUE(logHas(gl, "pixelStorei(0x0CF3, 0)"));
-    EXPECT_TRUE(logHas(gl, "pixelStorei(0x0CF2, 10)")); // row length
-    EXPECT_TRUE(logHas(gl, "rasterPos2f(3, 5)"));
-    EXPECT_TRUE(logHas(gl, "drawPixels(10, 8, 0x1908, 0x1401, data)"));
-    // The defaults are back afterwards.
-    EXPECT_EQ("pixelStorei(0x0CF5, 4)", gl.getLog().back());
-}
-
-TEST(ImagePixels, ClipsOffTheLowerLeftCornerBySkipping) {
+TEST(ImagePixels, ClipsOffTheLowerLeftCornerBySkippingWholeRowsAndColumns) {
+    // channels, tile origin, part drawn, its lower-left corner, the window's lower-left corner;
+    // the skips (0x0CF4 pixels, 0x0CF3 rows), raster position and drawPixels call expected.
+    struct Row {
+        int channels;
+        GePoint2<int> origin;
+        std::optional<GeRectangle<int>> part;
+        GePoint2<int> at, window;
+        char const *skipPixels, *skipRows, *raster, *draw;
+    } const rows[] = {
+        {4,
+         {0, 0},
+         {},
+         {3, 5},
+         {3, 5},
+         "pixelStorei(0x0CF4, 0)",
+         "pixelStorei(0x0CF3, 0)",
+         "rasterPos2f(3, 5)",
+         "drawPixels(10, 8, 0x1908, 0x1401, data)"},
+        {3,
+         {0, 0},
+         {},
+         {-3, -2},
+         {0, 0},
+         "pixelStorei(0x0CF4, 3)",
+         "pixelStorei(0x0CF3, 2)",
+         "rasterPos2f(0, 0)",
+         "drawPixels(7, 6, 0x1907, 0x1401, data)"},
+        // The part x 102..106, y 203..208 of a placed tile: 2 into the tile, 1 clipped.
+        {1,
+         {100, 200},
+         GeRectangle<int>(102, 106, 203, 208),
+         {-1, 4},
+         {0, 4},
+         "pixelStorei(0x0CF4, 3)",
+         "pixelStorei(0x0CF3, 3)",
+         "rasterPos2f(0, 4)",
+         "drawPixels(3, 5, 0x1909, 0x1401, data)"},
+    };
+    for (Row const& row : rows) {
+        SCOPED_TRACE(row.draw);
+        SmGlRecorder gl;
+        SmGlBackendGuard guard(gl);
+        RCShdPtr<IxTile> const tile = makeTile(10, 8, row.channels);
+        tile->setOrigin(row.origin);
+        GfxImageUtil::drawPixels(tile, row.part.value_or(tile->getBounds()), row.at, 1.f, 1.f,
+                                 row.window);
+        for (char const* entry : {row.skipPixels, row.skipRows, row.raster, row.draw,
+                                  "pixelStorei(0x0CF2, 10)"}) // the row length
+            EXPECT_TRUE(logHas(gl, entry)) << entry;
+        EXPECT_EQ("pixelStorei(0x0CF5, 4)", gl.getLog().back()); // the defaults are back
+    }
     SmGlRecorder gl;
     SmGlBackendGuard guard(gl);
     RCShdPtr<IxTile> const tile = makeTile(10, 8, 3);
-    GfxImageUtil::drawPixels(tile, tile->getBounds(), {-3, -2}, 1.f, 1.f, {0, 0});
-    EXPECT_TRUE(logHas(gl, "pixelStorei(0x0CF4, 3)"));
-    EXPECT_TRUE(logHas(gl, "pixelStorei(0x0CF3, 2)"));
-    EXPECT_TRUE(logHas(gl, "rasterPos2f(0, 0)"));
-    EXPECT_TRUE(logHas(gl, "drawPixels(7, 6, 0x1907, 0x1401, data)"));
-
     // Zoomed by 2: a partly hidden tile pixel is skipped whole, and the raster position moves
     // by the whole pixels skipped.
     GfxImageUtil::PixelPlan plan =
@@ -253,24 +276,9 @@ TEST(ImagePixels, ClipsOffTheLowerLeftCornerBySkipping) {
     EXPECT_EQ(1, plan.skipRows);
     EXPECT_FLOAT_EQ(0.f, plan.rasterX);
     EXPECT_FLOAT_EQ(1.f, plan.rasterY);
-
     // Wholly off the window: nothing is drawn.
-    gl.clearLog();
     GfxImageUtil::drawPixels(tile, tile->getBounds(), {-20, 0}, 1.f, 1.f, {0, 0});
     EXPECT_EQ(0, gl.getCount("drawPixels"));
-}
-
-TEST(ImagePixels, DrawsPartsOfPlacedTiles) {
-    SmGlRecorder gl;
-    SmGlBackendGuard guard(gl);
-    RCShdPtr<IxTile> const tile = makeTile(10, 8, 1);
-    tile->setOrigin({100, 200});
-    // The part x 102..106, y 203..208 of the image, its lower-left corner at (-1, 4).
-    GfxImageUtil::drawPixels(tile, GeRectangle<int>(102, 106, 203, 208), {-1, 4}, 1.f, 1.f, {0, 4});
-    EXPECT_TRUE(logHas(gl, "pixelStorei(0x0CF4, 3)")); // 2 into the tile, 1 clipped
-    EXPECT_TRUE(logHas(gl, "pixelStorei(0x0CF3, 3)"));
-    EXPECT_TRUE(logHas(gl, "rasterPos2f(0, 4)"));
-    EXPECT_TRUE(logHas(gl, "drawPixels(3, 5, 0x1909, 0x1401, data)"));
 }
 
 TEST(ImagePixels, DrawScalesAProxyAndBlendsOnRequest) {
