@@ -144,7 +144,10 @@ void MtAlarmManager::run() {
                                 RCShdPtr<MtAlarmHandle> const& b) { return a->_due < b->_due; });
         Clock::time_point now = Clock::now();
         if ((*next)->_due > now) {
-            _wakeUp.wait_until(lock, (*next)->_due);
+            // A copy: wait_until reads the time again after waking, when a deregistration may
+            // have deleted the alarm.
+            Clock::time_point const due = (*next)->_due;
+            _wakeUp.wait_until(lock, due);
             continue; // the list may have changed meanwhile
         }
         RCShdPtr<MtAlarmHandle> handle = *next;

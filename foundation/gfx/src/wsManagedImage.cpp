@@ -11,6 +11,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <system_error>
@@ -55,6 +56,29 @@ struct TiffCloser {
     void operator()(TIFF* tif) const { TIFFClose(tif); }
 };
 using TiffPtr = std::unique_ptr<TIFF, TiffCloser>;
+
+// Whether an image of the declared size may be read from a file of `fileSize` bytes; if not,
+// `why` says so in the user's terms.
+bool isPlausibleSize(std::uint64_t width, std::uint64_t height, std::uint64_t fileSize,
+                     std::string& why) {
+    if (width == 0 || height == 0) {
+        why = "bad image size " + std::to_string(width) + "x" + std::to_string(height);
+        return false;
+    }
+    if (width > WsManagedImage::MaxImageSide || height > WsManagedImage::MaxImageSide) {
+        why = "image size " + std::to_string(width) + "x" + std::to_string(height) +
+              " is larger than the limit of " + std::to_string(WsManagedImage::MaxImageSide) +
+              " pixels a side";
+        return false;
+    }
+    if (width * height >
+        fileSize * WsManagedImage::MaxPixelsPerByte + WsManagedImage::SmallImagePixels) {
+        why = "image size " + std::to_string(width) + "x" + std::to_string(height) +
+              " does not fit a file of " + std::to_string(fileSize) + " bytes";
+        return false;
+    }
+    return true;
+}
 
 std::string tiffReason(char const* fallback) {
     return tiffError.empty() ? std::string(fallback) : tiffError;
@@ -112,7 +136,7 @@ RCShdPtr<IxTile> readTiffScanlines(TIFF* tif, OsFilePath const& path, std::uint3
     return tile;
 }
 
-RCShdPtr<IxTile> readTiff(OsFilePath const& path) {
+RCShdPtr<IxTile> readTiff(OsFilePath const& path, std::uint64_t fileSize) {
     installTiffHandlers();
     tiffError.clear();
     TiffPtr tif(TIFFOpen(path.getChars(), "r"));
@@ -125,8 +149,9 @@ RCShdPtr<IxTile> readTiff(OsFilePath const& path) {
     TIFFGetFieldDefaulted(tif.get(), TIFFTAG_SAMPLESPERPIXEL, &samples);
     std::uint16_t photometric = PHOTOMETRIC_RGB;
     TIFFGetFieldDefaulted(tif.get(), TIFFTAG_PHOTOMETRIC, &photometric);
-    if (width == 0 || height == 0 || width > 65536 || height > 65536)
-        throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path, "bad image size");
+    std::string why;
+    if (!isPlausibleSize(width, height, fileSize, why))
+        throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path, why);
     if (RCShdPtr<IxTile> tile =
             readTiffScanlines(tif.get(), path, width, height, samples, photometric))
         return tile;
@@ -174,7 +199,7 @@ png_uint_32 pngFormatForChannels(int channels) {
     }
 }
 
-RCShdPtr<IxTile> readPng(OsFilePath const& path) {
+RCShdPtr<IxTile> readPng(OsFilePath const& path, std::uint64_t fileSize) {
     png_image image;
     std::memset(&image, 0, sizeof image);
     image.version = PNG_IMAGE_VERSION;
@@ -184,6 +209,11 @@ RCShdPtr<IxTile> readPng(OsFilePath const& path) {
     bool const colour = (image.format & PNG_FORMAT_FLAG_COLOR) != 0;
     int const channels = (colour ? 3 : 1) + (alpha ? 1 : 0);
     image.format = pngFormatForChannels(channels);
+    std::string why;
+    if (!isPlausibleSize(image.width, image.height, fileSize, why)) {
+        png_image_free(&image);
+        throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path, why);
+    }
     RCShdPtr<IxTile> tile;
     try {
         tile = new IxTile(static_cast<int>(image.width), static_cast<int>(image.height), channels);
@@ -231,14 +261,21 @@ WsManagedImage::WsManagedImage(RCShdPtr<IxTile> tile) : _tile(std::move(tile)) {
 }
 
 RCShdPtr<WsManagedImage> WsManagedImage::loadFromFile(OsFilePath const& path) {
+    std::error_code error;
+    std::filesystem::file_status const status = std::filesystem::status(path.getPath(), error);
+    if (error)
+        throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path, error.message());
+    if (!std::filesystem::is_regular_file(status))
+        throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path, "not a regular file");
+    std::uint64_t const fileSize = std::filesystem::file_size(path.getPath(), error);
     std::string why;
     RCShdPtr<IxTile> tile;
     switch (sniff(path, why)) {
     case FileKind::Png:
-        tile = readPng(path);
+        tile = readPng(path, fileSize);
         break;
     case FileKind::Tiff:
-        tile = readTiff(path);
+        tile = readTiff(path, fileSize);
         break;
     case FileKind::Unknown:
         throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path, why);

@@ -2,6 +2,8 @@
 // PNG file and kept as an IxTile; WsImageEx, the exceptions of reading and writing images.
 #pragma once
 
+#include <cstdint>
+
 #include "exBase.h"
 #include "ixTile.h"
 #include "osFilePath.h"
@@ -45,8 +47,15 @@ public:
 
     // Reads a TIFF or PNG file, told apart by its first bytes, not by its name. The tile has
     // the file's channels (grey, grey and alpha, RGB or RGBA), 8 bits each, rows bottom-up.
-    // A file that can't be read raises WsImageEx::ExUnreadable naming it.
+    // A file that can't be read raises WsImageEx::ExUnreadable naming it. Only regular files
+    // are opened (a FIFO or a device would block or never end), and the size an image
+    // declares is checked before anything is allocated for it: at most MaxImageSide pixels a
+    // side, and at most MaxPixelsPerByte pixels per byte of the file (plus SmallImagePixels),
+    // more than any compression that libtiff or libpng reads achieves on real pictures.
     static RCShdPtr<WsManagedImage> loadFromFile(OsFilePath const& path);
+    static constexpr std::uint32_t MaxImageSide = 16384;
+    static constexpr std::uint64_t MaxPixelsPerByte = 1024;
+    static constexpr std::uint64_t SmallImagePixels = 65536;
 
     // The image as a tile. Images are kept at one resolution, so a proxy (fullResolution
     // false) is the full image too.

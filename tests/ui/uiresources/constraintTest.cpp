@@ -184,8 +184,8 @@ TEST(ConstraintText, BadStringsRaiseWithTheirText) {
               "Error, Unknown constraint target x (line ends with \"0 p r 0 p t\")");
     EXPECT_EQ(readError<UiResourceEx::ExIncompleteResource>("0 p l 0 p b"),
               "Error, unexpected end of resource specification.");
-    EXPECT_EQ(readError<UiResourceEx::ExIncompleteResource>("0 p l zero p b 0 p r 0 p t"),
-              "Error, unexpected end of resource specification.");
+    EXPECT_EQ(readError<UiResourceEx::ExBadNumber>("0 p l zero p b 0 p r 0 p t"),
+              "Bad number \"zero\" for edge Y1: not a number.");
     EXPECT_EQ(readError<UiResourceEx::ExIncompleteResource>("0 p s"),
               "Error, unexpected end of resource specification.");
     EXPECT_EQ(readError<UiResourceEx::UiConstraintEx::ExBaseDimension>("10 p w 0 p b 20 p w 0 p t"),

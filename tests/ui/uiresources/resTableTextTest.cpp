@@ -264,7 +264,7 @@ TEST_F(ResTableText, FilesNameTheTableAndMissingOnesAreNoError) {
     EXPECT_EQ(t.getResTableName(), "panel");
     std::string const path = OsFilePath(dir / "panel.rtx").toString();
     expectReports({"Error in resource 'Bad' for widget 'w' (in " + path +
-                   "):\nError, unexpected end of resource specification."},
+                   ":2):\nError, unexpected end of resource specification."},
                   path);
     t.readTableText(OsFilePath(dir / "absent.rtx"), UiResource::LevelApplication);
     EXPECT_EQ(t.getResTableName(), "absent");

@@ -62,9 +62,9 @@ TEST(ValueResourceCoord, MissingSizeOrElementIsIncomplete) {
               "Error, wrong resource specification for resource ''.");
     EXPECT_EQ(coord.getCoord(), GeRectangle<int>(1, 2, 3, 4));
     EXPECT_THROW(readFrom(coord, "<Int>3</Int>"), UiResourceEx::ExIncompleteResource);
-    EXPECT_EQ(TestSupport::reasonOf<UiResourceEx::ExIncompleteResource>(
+    EXPECT_EQ(TestSupport::reasonOf<UiResourceEx::ExBadNumber>(
                   [&] { UiResCoord bad("r", "1 2 x 4"); }),
-              "Error, unexpected end of resource specification.");
+              "Bad number \"x\" for coordinate W: not a number.");
 }
 
 TEST(ValueResourceNumbers, ReadingReplacesAndTextListsValues) {
@@ -78,7 +78,7 @@ TEST(ValueResourceNumbers, ReadingReplacesAndTextListsValues) {
     EXPECT_EQ(values.getNbValues(), 0);
     values.setValue(4, 1);
     EXPECT_EQ(textOf(values, false), "0 4 ");
-    EXPECT_THROW(readFrom(values, "<Int>nine</Int>"), UiResourceEx::ExIncompleteResource);
+    EXPECT_THROW(readFrom(values, "<Int>nine</Int>"), UiResourceEx::ExBadNumber);
     EXPECT_THROW(values.getValue(5), ExAssertionFailed);
 
     UiResDouble doubles("Scale", "0.1 2.5");
@@ -94,8 +94,8 @@ TEST(ValueResourceNumbers, ReadingReplacesAndTextListsValues) {
     EXPECT_EQ(odd[3], 4.9e-324);
     UiResDouble back("Odd", textOf(odd, true).c_str());
     EXPECT_EQ(back.getValues(), odd.getValues());
-    // A word that is not wholly a number ends the list.
-    EXPECT_EQ(UiResInt("Value", "1 2x 3").getValues(), std::vector<int>{1});
+    // A word that is not wholly a number is reported, not taken as the end of the list.
+    EXPECT_THROW(UiResInt("Value", "1 2x 3"), UiResourceEx::ExBadNumber);
 }
 
 TEST(ValueResourceText, QuotesStringsWithBlanks) {

@@ -361,10 +361,11 @@ void UiConstraint::read(XmlElement const& element) {
         XmlElement edge = element.getElementByTagName(EdgeNames[i]);
         if (edge.isNull())
             throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, element);
-        float value = 0.f;
-        if (!edge.getAttribute("Value", value) || !edge.hasAttribute("Type") ||
+        if (!edge.hasAttribute("Value") || !edge.hasAttribute("Type") ||
             !edge.hasAttribute("Target"))
             throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, element);
+        float const value = parseWholeNumber<float>(edge.getAttribute("Value"),
+                                                    std::string("edge ") + EdgeNames[i]);
         std::string typeText = edge.getAttribute("Type");
         std::string targetText = edge.getAttribute("Target");
         if (!parseType(typeText, c.type[i]))
@@ -386,11 +387,12 @@ void UiConstraint::read(XmlElement const& element) {
 void UiConstraint::read(std::istream& is) {
     UiConstraint c;
     for (int i = 0; i < 4; ++i) {
-        float value = 0.f;
+        std::string valueText;
         std::string typeText;
         std::string targetText;
-        if (!readNumber(is, value))
+        if (!(is >> valueText))
             throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__);
+        float const value = parseWholeNumber<float>(valueText, std::string("edge ") + EdgeNames[i]);
         if (!(is >> typeText))
             throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__);
         if (!parseType(typeText, c.type[i]))

@@ -5,6 +5,7 @@
 #include "gfxImageUtil.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace Zr {
 
@@ -15,8 +16,15 @@ UiIconRegistry& UiIconRegistry::getInstance() {
 
 RCShdPtr<WsManagedImage> UiIconRegistry::loadImage(OsFilePath const& path) {
     OsFilePath full = path;
-    if (full.isRelative())
+    if (full.isRelative()) {
+        // A relative path names a file inside the icon directory: "../secret" or "a/../../b"
+        // would reach outside it, so they are refused.
+        std::filesystem::path const inside = path.getPath().lexically_normal();
+        if (!inside.empty() && *inside.begin() == "..")
+            throw WsImageEx::ExUnreadable(__FILE__, __LINE__, path,
+                                          "a relative icon path may not leave the icon directory");
         full = _iconDirectory + path;
+    }
     // "icons/./a.tif" and "icons/a.tif" are one file: key the cache on the normal form.
     full = OsFilePath(full.getPath().lexically_normal());
     auto it = _cache.find(full);

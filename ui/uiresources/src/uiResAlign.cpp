@@ -1,6 +1,8 @@
 // UiResAlign: alignment keywords and the two forms.
 #include "uiResAlign.h"
 
+#include "uiResNumberText.h"
+
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
@@ -51,8 +53,13 @@ void UiResAlign::read(XmlElement const& element) {
         _alignmentH = fromString(align.getAttribute("H").c_str());
     if (align.hasAttribute("V"))
         _alignmentV = fromString(align.getAttribute("V").c_str());
-    align.getAttribute("MH", _marginH);
-    align.getAttribute("MV", _marginV);
+    // Margins are pixels, within the range of any coordinate.
+    for (auto [name, value] : {std::pair{"MH", &_marginH}, {"MV", &_marginV}}) {
+        std::string const text = align.getAttribute(name);
+        if (!text.empty())
+            *value = parseNumberIn(text, -MaxResourceCoordinate, MaxResourceCoordinate,
+                                   std::string("margin ") + name);
+    }
 }
 
 void UiResAlign::read(std::istream& is) {
@@ -62,11 +69,13 @@ void UiResAlign::read(std::istream& is) {
         _alignmentH = fromString(h.c_str());
     if (is >> v)
         _alignmentV = fromString(v.c_str());
-    int margin = 0;
+    std::string margin;
     if (is >> margin)
-        _marginH = margin;
+        _marginH =
+            parseNumberIn(margin, -MaxResourceCoordinate, MaxResourceCoordinate, "margin MH");
     if (is >> margin)
-        _marginV = margin;
+        _marginV =
+            parseNumberIn(margin, -MaxResourceCoordinate, MaxResourceCoordinate, "margin MV");
 }
 
 void UiResAlign::write(XmlWriter& writer, bool) const {

@@ -7,6 +7,8 @@
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
+#include <algorithm>
+#include <cctype>
 #include <istream>
 #include <ostream>
 #include <sstream>
@@ -36,14 +38,19 @@ void UiResColor::read(XmlElement const& element) {
         _color = registry.getColor(colorName);
         return;
     }
+    // Components are 0 to 1, or 0 to 255 with Format="Byte"; a missing one is 0.
+    bool const bytes = color.getAttribute("Format") == "Byte";
+    float const max = bytes ? 255.f : 1.f;
     CoRgbColorTyped<float> c;
-    color.getAttribute("R", c.r);
-    color.getAttribute("G", c.g);
-    color.getAttribute("B", c.b);
-    if (color.getAttribute("Format") == "Byte") {
-        c.r *= 0.003921569f;
-        c.g *= 0.003921569f;
-        c.b *= 0.003921569f;
+    float* const components[3] = {&c.r, &c.g, &c.b};
+    char const* const names[3] = {"R", "G", "B"};
+    for (int i = 0; i < 3; ++i) {
+        std::string const text = color.getAttribute(names[i]);
+        if (!text.empty())
+            *components[i] = parseNumberIn(text, 0.f, max, std::string("component ") + names[i]);
+        // 255 * 0.003921569 rounds just above 1: kept at 1, so the colour reads back.
+        if (bytes)
+            *components[i] = std::min(*components[i] * 0.003921569f, 1.f);
     }
     _color = c;
 }
@@ -54,10 +61,19 @@ void UiResColor::read(std::istream& is) {
     if (!UiResText::readToken(is, first))
         return;
     float red = 0.f;
-    if (parseNumber(first, red)) {
-        _color.r = red;
-        if (readNumber(is, _color.g))
-            readNumber(is, _color.b);
+    if (parseNumber(first, red) || std::isdigit(static_cast<unsigned char>(first[0])) ||
+        first[0] == '-' || first[0] == '+' || first[0] == '.') {
+        // Three components from 0 to 1.
+        CoRgbColorTyped<float> c;
+        c.r = parseNumberIn(first, 0.f, 1.f, "component R");
+        std::string word;
+        if (!(is >> word))
+            throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__);
+        c.g = parseNumberIn(word, 0.f, 1.f, "component G");
+        if (!(is >> word))
+            throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__);
+        c.b = parseNumberIn(word, 0.f, 1.f, "component B");
+        _color = c;
         return;
     }
     UiColorRegistry const& registry = UiColorRegistry::getInstance();

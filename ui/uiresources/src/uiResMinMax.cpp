@@ -9,6 +9,7 @@
 #include <istream>
 #include <ostream>
 #include <sstream>
+#include <utility>
 
 namespace Zr {
 
@@ -27,14 +28,22 @@ void UiResMinMax::read(XmlElement const& element) {
     XmlElement minMax = element.getElementByTagName("MinMax");
     if (minMax.isNull())
         throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, element);
-    minMax.getAttribute("Min", _min);
-    minMax.getAttribute("Max", _max);
-    minMax.getAttribute("Step", _step);
+    // A missing attribute keeps its value; one that is there must be a number.
+    for (auto [name, value] : {std::pair{"Min", &_min}, {"Max", &_max}, {"Step", &_step}}) {
+        std::string const text = minMax.getAttribute(name);
+        if (!text.empty())
+            *value = parseWholeNumber<double>(text, name);
+    }
 }
 
 void UiResMinMax::read(std::istream& is) {
-    if (readNumber(is, _min) && readNumber(is, _max))
-        readNumber(is, _step);
+    // Up to three numbers: min, max, step; words past them are reported.
+    std::string word;
+    for (auto [name, value] : {std::pair{"Min", &_min}, {"Max", &_max}, {"Step", &_step}}) {
+        if (!(is >> word))
+            return;
+        *value = parseWholeNumber<double>(word, name);
+    }
 }
 
 void UiResMinMax::write(XmlWriter& writer, bool) const {

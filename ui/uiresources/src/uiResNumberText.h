@@ -2,11 +2,18 @@
 // same value, read by the same rules (so "inf", "nan" and subnormals come back too).
 #pragma once
 
+#include "uiResourceEx.h"
+
+#include <cctype>
 #include <charconv>
 #include <istream>
+#include <limits>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <vector>
 
 namespace Zr {
 
@@ -43,6 +50,63 @@ bool readNumber(std::istream& is, T& value) {
         return true;
     is.setstate(std::ios::failbit);
     return false;
+}
+
+} // namespace Zr
+
+namespace Zr {
+
+// Coordinates and sizes in resources lie within plus or minus this many pixels, so that a
+// corner plus a size, or a sum of two such, stays far inside an int.
+inline constexpr int MaxResourceCoordinate = 1000000;
+
+// `text` wholly as a T; otherwise UiResourceEx::ExBadNumber naming `what`. An integer too
+// large for T is reported with T's range.
+template <class T>
+T parseWholeNumber(std::string_view text, std::string const& what) {
+    while (!text.empty() && std::isspace(static_cast<unsigned char>(text.front())))
+        text.remove_prefix(1);
+    while (!text.empty() && std::isspace(static_cast<unsigned char>(text.back())))
+        text.remove_suffix(1);
+    T value{};
+    if (parseNumber(text, value))
+        return value;
+    if constexpr (std::numeric_limits<T>::is_integer) {
+        long long wide = 0;
+        auto const [end, ec] = std::from_chars(text.data(), text.data() + text.size(), wide);
+        if (ec == std::errc::result_out_of_range ||
+            (ec == std::errc() && end == text.data() + text.size()))
+            throw UiResourceEx::ExBadNumber(__FILE__, __LINE__, what, std::string(text),
+                                            std::to_string(std::numeric_limits<T>::lowest()) +
+                                                " and " +
+                                                std::to_string(std::numeric_limits<T>::max()));
+    }
+    throw UiResourceEx::ExBadNumber(__FILE__, __LINE__, what, std::string(text));
+}
+
+// `text` wholly as a T within [min, max]; otherwise UiResourceEx::ExBadNumber naming `what`.
+template <class T>
+T parseNumberIn(std::string_view text, T min, T max, std::string const& what) {
+    // Integers are read wide, so a number past T's own range is told the stated range too.
+    using Wide = std::conditional_t<std::numeric_limits<T>::is_integer, long long, T>;
+    Wide const value = parseWholeNumber<Wide>(text, what);
+    if (!(value >= min && value <= max)) { // NaN lies outside too
+        std::ostringstream range;
+        writeShortestNumber(range, min);
+        range << " and ";
+        writeShortestNumber(range, max);
+        throw UiResourceEx::ExBadNumber(__FILE__, __LINE__, what, std::string(text), range.str());
+    }
+    return static_cast<T>(value);
+}
+
+// Reads the numbers up to the end of the stream; a word that is not wholly a number raises
+// UiResourceEx::ExBadNumber naming `what`.
+template <class T>
+void readAllNumbers(std::istream& is, std::vector<T>& values, std::string const& what) {
+    std::string word;
+    while (is >> word)
+        values.push_back(parseWholeNumber<T>(word, what));
 }
 
 } // namespace Zr

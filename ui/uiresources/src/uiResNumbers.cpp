@@ -20,33 +20,37 @@ void readValues(std::vector<T>& values, XmlElement const& element, char const* t
     values.clear();
     for (XmlElement const& child : element.getElementsByTagName(tag)) {
         T value{};
-        if (!child.getData(value))
-            throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, element);
+        if (!child.getData(value)) {
+            std::string text = child.getDataMB();
+            text.erase(0, text.find_first_not_of(" \t\r\n"));
+            text.erase(text.find_last_not_of(" \t\r\n") + 1);
+            if (text.empty())
+                throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, element);
+            value = parseWholeNumber<T>(text, tag); // reports the text that is no number
+        }
         values.push_back(value);
     }
 }
 
-// Stops at the first text that is not a number, keeping what was read before it.
+// Every word up to the end must be a number: "12abc" is reported, not taken as nothing.
 template <class T>
-void readValues(std::vector<T>& values, std::istream& is) {
+void readValues(std::vector<T>& values, std::istream& is, char const* type) {
     values.clear();
-    T value{};
-    while (readNumber(is, value))
-        values.push_back(value);
+    readAllNumbers(is, values, type);
 }
 
 template <class T>
-void readText(std::vector<T>& values, char const* text) {
+void readText(std::vector<T>& values, char const* text, char const* type) {
     if (!text)
         return;
     std::istringstream is(text);
-    readValues(values, is);
+    readValues(values, is, type);
 }
 
 } // namespace
 
 UiResInt::UiResInt(LiString const& name, char const* text) : UiResource(name) {
-    readText(_values, text);
+    readText(_values, text, "Int");
 }
 
 UiResInt::UiResInt(LiString const& name, std::vector<int> values)
@@ -57,7 +61,7 @@ void UiResInt::read(XmlElement const& element) {
 }
 
 void UiResInt::read(std::istream& is) {
-    readValues(_values, is);
+    readValues(_values, is, "Int");
 }
 
 void UiResInt::write(XmlWriter& writer, bool) const {
@@ -85,7 +89,7 @@ void UiResInt::setValue(int value, int index) {
 }
 
 UiResDouble::UiResDouble(LiString const& name, char const* text) : UiResource(name) {
-    readText(_values, text);
+    readText(_values, text, "Double");
 }
 
 UiResDouble::UiResDouble(LiString const& name, std::vector<double> values)
@@ -96,7 +100,7 @@ void UiResDouble::read(XmlElement const& element) {
 }
 
 void UiResDouble::read(std::istream& is) {
-    readValues(_values, is);
+    readValues(_values, is, "Double");
 }
 
 void UiResDouble::write(XmlWriter& writer, bool) const {

@@ -4,6 +4,7 @@
 
 #include "uiColorRegistry.h"
 #include "uiLogGroups.h"
+#include "uiResNumberText.h"
 #include "uiResRegistry.h"
 #include "uiResText.h"
 
@@ -25,6 +26,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <new>
 #include <sstream>
 #include <string_view>
 #include <system_error>
@@ -46,6 +48,41 @@ void reportResourceError(std::string const& file, std::string const& logText) {
     LgLog::writeLine(*group, logText);
 }
 
+// Where a report points: the file, and the line when the reader knows it. Texts handed over
+// in memory keep their plain name, as their lines seldom help.
+std::string placeOf(char const* file, int line) {
+    bool const inMemory = std::string_view(file) == InternalResourceString ||
+                          std::string_view(file) == ResourceString;
+    return line > 0 && !inMemory ? std::string(file) + ":" + std::to_string(line) : file;
+}
+
+// The place of an element: its line is added only when `file` names the element's own document
+// (a caller may pass a place of its own, such as "form.xml:2" for a widget definition).
+std::string placeOf(char const* file, XmlElement const& element) {
+    return element.getDocumentName() == file ? placeOf(file, element.getLine()) : file;
+}
+
+// Runs `read` for one resource of a widget: whatever goes wrong (a bad value, an unreadable
+// icon, an image too large for memory) is reported for that resource alone, and the reading
+// of the table goes on.
+template <class Read>
+void readOneResource(char const* file, std::string const& place, std::string const& resource,
+                     std::string const& widget, Read const& read) {
+    std::string reason;
+    try {
+        read();
+        return;
+    } catch (ExBase const& ex) {
+        reason = ex.getReason();
+    } catch (std::bad_alloc const&) {
+        reason = "Not enough memory to read it.";
+    } catch (std::exception const& ex) {
+        reason = ex.what();
+    }
+    reportResourceError(file, "Error in resource '" + resource + "' for widget '" + widget +
+                                  "' (in " + place + "):\n" + reason);
+}
+
 // The first child that is an element (text and comments do not count); empty if none.
 pugi::xml_node firstChildElement(pugi::xml_node node) {
     for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
@@ -65,11 +102,12 @@ struct Statement {
     std::string text;
     std::string first;
     bool quoted = false;
+    int line = 0; // where it starts, 1-based
 
     bool is(char const* keyword) const { return !quoted && first == keyword; }
 };
 
-void addStatement(std::vector<Statement>& statements, std::string_view text) {
+void addStatement(std::vector<Statement>& statements, std::string_view text, int lineNumber) {
     std::size_t start = 0;
     while (start < text.size() && std::isspace(static_cast<unsigned char>(text[start])))
         ++start;
@@ -78,6 +116,7 @@ void addStatement(std::vector<Statement>& statements, std::string_view text) {
     Statement statement;
     statement.quoted = text[start] == '"';
     statement.text.assign(text);
+    statement.line = lineNumber;
     std::istringstream line(statement.text);
     UiResText::readToken(line, statement.first);
     statements.push_back(std::move(statement));
@@ -90,6 +129,14 @@ void addStatement(std::vector<Statement>& statements, std::string_view text) {
 std::vector<Statement> splitStatements(std::istream& is) {
     std::string const text{std::istreambuf_iterator<char>(is), std::istreambuf_iterator<char>()};
     std::vector<Statement> statements;
+    // The line of an offset: statements come in order, so the count only moves forward.
+    std::size_t counted = 0;
+    int line = 1;
+    auto const add = [&](std::size_t offset, std::size_t length) {
+        for (; counted < offset; ++counted)
+            line += text[counted] == '\n';
+        addStatement(statements, std::string_view(text).substr(offset, length), line);
+    };
     std::size_t start = 0;
     bool inQuotes = false;
     bool tokenStart = true;
@@ -98,10 +145,10 @@ std::vector<Statement> splitStatements(std::istream& is) {
         if (i == text.size()) {
             std::size_t const lineEnd = inQuotes ? text.find('\n', start) : std::string::npos;
             if (lineEnd == std::string::npos) {
-                addStatement(statements, std::string_view(text).substr(start));
+                add(start, std::string::npos);
                 break;
             }
-            addStatement(statements, std::string_view(text).substr(start, lineEnd - start));
+            add(start, lineEnd - start);
             start = i = lineEnd + 1;
             inQuotes = false;
             tokenStart = true;
@@ -117,7 +164,7 @@ std::vector<Statement> splitStatements(std::istream& is) {
                 tokenStart = true;
             }
         } else if (c == '\n') {
-            addStatement(statements, std::string_view(text).substr(start, i - 1 - start));
+            add(start, i - 1 - start);
             start = i;
             tokenStart = true;
         } else if (std::isspace(static_cast<unsigned char>(c))) {
@@ -258,18 +305,11 @@ LiString UiResTable::readWidget(XmlElement const& element, UiResource::Level lev
 
     for (XmlElement const& child : element.getChildren()) {
         std::string const resourceName = child.getNodeName();
-        try {
+        readOneResource(file, placeOf(file, child), resourceName, handle, [&] {
             pugi::xml_node const typeNode = firstChildElement(child.getNode());
             readResource(widget, resourceName, typeNode.name(), !typeNode.empty(), level,
                          [&child](UiResource& resource) { resource.read(child); });
-        } catch (UiResourceEx const& ex) {
-            reportResourceError(file, "Error in resource '" + resourceName + "' for widget '" +
-                                          handle + "' (in " + file + "):\n" + ex.getReason());
-        } catch (WsImageEx const& ex) {
-            // An icon file that can't be read costs that resource only.
-            reportResourceError(file, "Error in resource '" + resourceName + "' for widget '" +
-                                          handle + "' (in " + file + "):\n" + ex.getReason());
-        }
+        });
     }
     return widget;
 }
@@ -332,11 +372,12 @@ void UiResTable::defineColor(std::string const& handle, std::string const texts[
         if (texts[i].empty())
             throw UiResourceEx::UiResTableEx::ExNoParameters(__FILE__, __LINE__, LiString(handle));
     }
+    // Whole numbers from 0 to 255: "abc", "300", "-5", "1e3" and "0x10" are reported.
     int components[3] = {0, 0, 0};
-    for (int i = 0; i < 3; ++i) {
-        std::istringstream is(texts[i]);
-        is >> components[i];
-    }
+    char const* const names[3] = {"R", "G", "B"};
+    for (int i = 0; i < 3; ++i)
+        components[i] = parseNumberIn(
+            texts[i], 0, 255, "component " + std::string(names[i]) + " of colour '" + handle + "'");
     UiColorRegistry::getInstance().registerColor(handle, components[0], components[1],
                                                  components[2]);
 }
@@ -439,7 +480,7 @@ void UiResTable::readTableText(std::istream& is, UiResource::Level level, char c
             owner = Owner::Failed;
             continue;
         }
-        try {
+        readOneResource(file, placeOf(file, statement.line), statement.first, widget.str(), [&] {
             // "" would name a resource that no XML element can hold.
             if (statement.first.empty())
                 throw UiResourceEx::UiResTableEx::ExNoName(__FILE__, __LINE__, widget);
@@ -448,13 +489,7 @@ void UiResTable::readTableText(std::istream& is, UiResource::Level level, char c
             bool const hasType = UiResText::readToken(rest, type);
             readResource(widget, statement.first, type, hasType, level,
                          [&rest](UiResource& resource) { resource.read(rest); });
-        } catch (UiResourceEx const& ex) {
-            reportResourceError(file, "Error in resource '" + statement.first + "' for widget '" +
-                                          widget.str() + "' (in " + file + "):\n" + ex.getReason());
-        } catch (WsImageEx const& ex) {
-            reportResourceError(file, "Error in resource '" + statement.first + "' for widget '" +
-                                          widget.str() + "' (in " + file + "):\n" + ex.getReason());
-        }
+        });
     }
 }
 

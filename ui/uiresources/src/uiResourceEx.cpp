@@ -32,6 +32,13 @@ UiResourceEx::ExInvalidStream::ExInvalidStream(char const* file, int line)
     setReason("Error, specified stream invalid");
 }
 
+UiResourceEx::ExBadNumber::ExBadNumber(char const* file, int line, std::string const& what,
+                                       std::string const& text, std::string const& range)
+    : UiResourceEx(file, line) {
+    setReason("Bad number \"" + text + "\" for " + what + ": " +
+              (range.empty() ? std::string("not a number.") : "not between " + range + "."));
+}
+
 UiResourceEx::UiResTableEx::UiResTableEx(char const* file, int line, char const* what,
                                          char const* where)
     : UiResourceEx(file, line) {

@@ -30,6 +30,7 @@ public:
 
     class ExIncompleteResource;
     class ExInvalidStream;
+    class ExBadNumber;
     class UiResTableEx;
     class UiColorEx;
     class UiInvalidFontEx;
@@ -51,6 +52,18 @@ class UiResourceEx::ExInvalidStream : public UiResourceEx {
 public:
     ExInvalidStream(char const* file, int line);
     ZR_UI_EXCEPTION_BODY(ExInvalidStream, "UiResourceEx::ExInvalidStream")
+};
+
+// A number of a resource that is not wholly a number, or lies outside the range the resource
+// allows: "Bad number "12abc" for Int: not a number." or "Bad number "300" for component R:
+// not between 0 and 255.".
+class UiResourceEx::ExBadNumber : public UiResourceEx {
+public:
+    // `what` names the number for the user ("component R", "coordinate W"); an empty `range`
+    // says the text is not a number at all.
+    ExBadNumber(char const* file, int line, std::string const& what, std::string const& text,
+                std::string const& range = {});
+    ZR_UI_EXCEPTION_BODY(ExBadNumber, "UiResourceEx::ExBadNumber")
 };
 
 // Errors of the table reader. The forms with `where` say what is missing in which place; the

@@ -127,8 +127,19 @@ public:
         : _report(report), _domainFilter(domainFilter), _actionFilter(actionFilter),
           _register(std::move(registerBinding)) {}
 
-    void walk(XmlElement const& parent, std::string const& parentPath) {
+    // Domains nest at most this deep; the walk recurses once per level, and each level's path
+    // holds the names of all the levels above it.
+    static constexpr int MaxDomainDepth = 32;
+
+    void walk(XmlElement const& parent, std::string const& parentPath, int depth = 1) {
         for (XmlElement const& child : parent.getElementsByTagName("Domain")) {
+            if (depth > MaxDomainDepth) {
+                _report.add(child, "domain " +
+                                       quoted(parentPath + "/" + child.getAttribute("Name")) +
+                                       ": domains nest at most " + std::to_string(MaxDomainDepth) +
+                                       " deep; it and its inner domains are skipped");
+                continue;
+            }
             std::string const name = child.getAttribute("Name");
             if (name.empty() || name.find('/') != std::string::npos) {
                 _report.add(child, "domain " + quoted(parentPath + "/" + name) +
@@ -138,7 +149,7 @@ public:
             }
             std::string const path = parentPath + "/" + name;
             // Inner domains first.
-            walk(child, path);
+            walk(child, path, depth + 1);
             if (!_domainFilter.empty() && _domainFilter != path)
                 continue;
             readDomain(child, path, name);

@@ -142,6 +142,16 @@ RCShdPtr<UiWidget> UiWidgetFactory::createWidget(RCShdPtr<UiContainer> const& pa
 RCShdPtr<UiWidget> UiWidgetFactory::createWidget(RCShdPtr<UiContainer> const& parent,
                                                  XmlElement const& element) {
     LiString const type(element.getNodeName());
+    // Counted up the document, never past the limit: the cost per widget stays bounded.
+    int depth = 0;
+    for (pugi::xml_node n = element.getNode();
+         n.type() == pugi::node_element && depth <= MaxDefinitionDepth; n = n.parent())
+        ++depth;
+    if (depth > MaxDefinitionDepth)
+        throw UiWidgetDefinitionEx(__FILE__, __LINE__,
+                                   "definition nested deeper than " +
+                                       std::to_string(MaxDefinitionDepth) + " elements",
+                                   describeLocation(element), std::string());
     XmlElement const record = element.getElementByTagName(WidgetRecordTag);
     if (!record)
         throw UiWidgetDefinitionEx(__FILE__, __LINE__,

@@ -72,10 +72,15 @@ public:
                                            XmlElement const* element);
     // Builds a definition: reads its <Widget> record into a table of its own (bad resources are
     // reported and skipped), creates the widget by the element's tag, and records the table
-    // name of a <ResTableName> child. A missing record or an unknown type throws
-    // UiWidgetDefinitionEx; whatever was built of the definition is released.
+    // name of a <ResTableName> child. A missing record, an unknown type or a definition nested
+    // deeper than MaxDefinitionDepth elements throws UiWidgetDefinitionEx; whatever was built
+    // of the definition is released.
     static RCShdPtr<UiWidget> createWidget(RCShdPtr<UiContainer> const& parent,
                                            XmlElement const& element);
+    // How deep in its document a definition may lie (a container inside a container is two
+    // levels: the inner one stands in a <Group>). Building recurses once per level, so the
+    // input must not choose the depth of the stack.
+    static constexpr int MaxDefinitionDepth = 256;
     // Parses `xml`, whose root is a definition, and builds it. `documentName` names the text in
     // reports; XmlEx::ExSyntaxError for text that is not well-formed.
     static RCShdPtr<UiWidget> createWidgetFromText(RCShdPtr<UiContainer> const& parent,
