@@ -29,6 +29,8 @@
 namespace Zr {
 namespace {
 
+using UiTest::color;
+
 using UiTest::clickOn;
 using UiTest::keyPressOf;
 using UiTest::pointerTo;
@@ -36,10 +38,6 @@ using UiTest::pressOn;
 using UiTest::releaseOn;
 
 using Log = std::vector<std::string>;
-
-CoRgbColor registry(char const* name) {
-    return UiColorRegistry::getInstance().getColor(name);
-}
 
 class DualStateToggle : public UiTest::ButtonFixture {
 protected:
@@ -206,8 +204,8 @@ TEST(DualStateResources, ToggleDefaultsAndADefinitionsState) {
     auto plain = UiToggleButton::create(root.get(), "plain");
     EXPECT_FALSE(plain->getState());
     EXPECT_FALSE(plain->isRadioFrame());
-    EXPECT_EQ(plain->getBackground(), registry("Grey65"));
-    EXPECT_EQ(plain->getColor("OnColor"), registry("Grey100"));
+    EXPECT_EQ(plain->getBackground(), color("Grey65"));
+    EXPECT_EQ(plain->getColor("OnColor"), color("Grey100"));
     EXPECT_EQ(plain->getLabel(0).getAlignmentH(), 0);
     EXPECT_EQ(plain->getLabel(1).getMarginH(), 5);
 
@@ -223,7 +221,7 @@ TEST(DualStateResources, ToggleDefaultsAndADefinitionsState) {
     ASSERT_TRUE(t);
     EXPECT_TRUE(t->getState());
     EXPECT_TRUE(t->isRadioFrame());
-    EXPECT_EQ(t->getColor("OnColor"), registry("Red"));
+    EXPECT_EQ(t->getColor("OnColor"), color("Red"));
     EXPECT_EQ(t->getLabel(0).getString().str(), "Loop");
     EXPECT_EQ(t->getLabel(1).getString().str(), "Loop");
 
@@ -247,15 +245,15 @@ TEST(DualStateResources, PushedToggleTakesItsForegroundFromTheState) {
         "p.xml");
     auto p = dynamicCast<UiPushedToggle>(made);
     ASSERT_TRUE(p);
-    EXPECT_EQ(p->getBackground(), registry("Grey65"));
+    EXPECT_EQ(p->getBackground(), color("Grey65"));
     // The state colours take effect with the next change of state.
     p->setState(true, true);
-    EXPECT_EQ(p->getForeground(), registry("Red"));
-    EXPECT_EQ(p->getCurrentBackground(), registry("Grey100"));
+    EXPECT_EQ(p->getForeground(), color("Red"));
+    EXPECT_EQ(p->getCurrentBackground(), color("Grey100"));
     EXPECT_EQ(p->getCurrentLabel(), 1);
     p->setState(false, true);
-    EXPECT_EQ(p->getForeground(), registry("Blue"));
-    EXPECT_EQ(p->getCurrentBackground(), registry("Grey65"));
+    EXPECT_EQ(p->getForeground(), color("Blue"));
+    EXPECT_EQ(p->getCurrentBackground(), color("Grey65"));
     root->removeChildren();
 }
 
@@ -319,7 +317,7 @@ TEST_F(DualStateLook, FramesOfEachKindFollowTheState) {
     auto pushed = UiPushedToggle::create(root.get(), "p");
     EXPECT_EQ(frameType(*pushed, "On"), "ToggleIn");
     EXPECT_EQ(currentFrameType(*pushed), "ToggleOut");
-    EXPECT_EQ(pushed->getColor("DisabledForegroundColor"), registry("InactiveForeground"));
+    EXPECT_EQ(pushed->getColor("DisabledForegroundColor"), color("InactiveForeground"));
     EXPECT_EQ(pushed->getLabel(0).getMarginH(), 5);
 
     auto label = UiLabel::create(root.get(), "l");
@@ -346,8 +344,8 @@ TEST_F(DualStateLook, DefinitionsSetTheFirstLookAndBadRadioFramesAreIgnored) {
           <Background><Color>Red</Color></Background>
         </Widget></PushedToggle>)",
         "q.xml");
-    EXPECT_EQ(made->getForeground(), registry("Blue"));
-    EXPECT_EQ(made->getCurrentBackground(), registry("Red"));
+    EXPECT_EQ(made->getForeground(), color("Blue"));
+    EXPECT_EQ(made->getCurrentBackground(), color("Red"));
 
     auto toggle = UiToggleButton::create(root.get(), "t");
     toggle->changeResource(LiString("<RadioFrame><Int>1</Int><Int>1</Int></RadioFrame>"));
@@ -366,12 +364,12 @@ TEST_F(DualStateLook, NewOnColourShowsFromTheNextChangeOfState) {
     toggle->setState(true, false);
     CoRgbColor const before = toggle->getCurrentBackground();
     toggle->clearMarks();
-    toggle->setColor("OnColor", registry("Red"));
+    toggle->setColor("OnColor", color("Red"));
     EXPECT_EQ(toggle->getCurrentBackground(), before);
     EXPECT_FALSE(toggle->getMarkedRects().empty());
     toggle->setState(false, false);
     toggle->setState(true, false);
-    EXPECT_EQ(toggle->getCurrentBackground(), registry("Red"));
+    EXPECT_EQ(toggle->getCurrentBackground(), color("Red"));
 }
 
 TEST_F(DualStateLook, TextChangeRedrawsOnlyTheLabelOfThePresentState) {
@@ -413,7 +411,7 @@ protected:
     }
     bool drawsColour(UiWidget& w, char const* name) {
         drawnColour(w);
-        std::string const call = colourCall(registry(name));
+        std::string const call = colourCall(color(name));
         auto const& log = gl.getLog();
         return std::find(log.begin(), log.end(), call) != log.end();
     }
@@ -430,21 +428,21 @@ protected:
 
 TEST_F(DualStateTextColour, PushedToggleUsesItsOwnDisabledColourOnlyWhenOn) {
     auto pushed = UiPushedToggle::create(root.get(), "p");
-    pushed->setColor("DisabledForegroundColor", registry("Red"));
-    pushed->setColor(UiWidget::InactiveForegroundColor, registry("Blue"));
+    pushed->setColor("DisabledForegroundColor", color("Red"));
+    pushed->setColor(UiWidget::InactiveForegroundColor, color("Blue"));
     pushed->enable(false);
-    EXPECT_EQ(drawnColour(*pushed), colourCall(registry("Blue")));
+    EXPECT_EQ(drawnColour(*pushed), colourCall(color("Blue")));
     pushed->setState(true, false);
-    EXPECT_EQ(drawnColour(*pushed), colourCall(registry("Red")));
+    EXPECT_EQ(drawnColour(*pushed), colourCall(color("Red")));
 }
 
 TEST_F(DualStateTextColour, LabelShowsTheOnColourOnlyWhenOnUnlockedAndEnabled) {
     auto label = UiLabel::create(root.get(), "l");
-    label->setColor("OnColor", registry("Red"));
+    label->setColor("OnColor", color("Red"));
     label->setState(true, false);
     EXPECT_EQ(drawnColour(*label), colourCall(label->getForeground()));
     label->unlock();
-    EXPECT_EQ(drawnColour(*label), colourCall(registry("Red")));
+    EXPECT_EQ(drawnColour(*label), colourCall(color("Red")));
     label->enable(false);
     EXPECT_EQ(drawnColour(*label), colourCall(label->getInactiveForeground()));
 }

@@ -25,15 +25,13 @@
 namespace Zr {
 namespace {
 
+using UiTest::color;
+
 using UiTest::clickOn;
 using UiTest::keyPressOf;
 using UiTest::pointerTo;
 using UiTest::pressOn;
 using UiTest::releaseOn;
-
-CoRgbColor registry(char const* name) {
-    return UiColorRegistry::getInstance().getColor(name);
-}
 
 class PushButtonTest : public UiTest::ButtonFixture {
 protected:
@@ -161,16 +159,16 @@ TEST_F(PushButtonTest, BlueButtonIsShadedOnBlue) {
     button->setBlueButton();
     EXPECT_TRUE(button->isBlueButton());
     EXPECT_TRUE(button->isShadedBackground());
-    EXPECT_EQ(button->getBackground(), registry("Blue4"));
+    EXPECT_EQ(button->getBackground(), color("Blue4"));
     button->setActive(true);
-    EXPECT_EQ(button->getCurrentBackground(), CoUtils::calcLuminance(registry("Blue1"), 1.05f));
+    EXPECT_EQ(button->getCurrentBackground(), CoUtils::calcLuminance(color("Blue1"), 1.05f));
 }
 
 TEST(PushButtonResources, DefaultsAndADefinitionsResources) {
     auto root = UiTest::TestRoot::make();
     auto plain = UiPushButton::create(root.get(), "plain");
-    EXPECT_EQ(plain->getBackground(), registry("Grey65"));
-    EXPECT_EQ(plain->getColor("PushedColor"), registry("Grey100"));
+    EXPECT_EQ(plain->getBackground(), color("Grey65"));
+    EXPECT_EQ(plain->getColor("PushedColor"), color("Grey100"));
     EXPECT_EQ(plain->getLabel().getString().str(), "");
     EXPECT_EQ(plain->getLabel().getAlignmentH(), 1);
     EXPECT_EQ(plain->getLabel().getMarginH(), 5);
@@ -189,9 +187,9 @@ TEST(PushButtonResources, DefaultsAndADefinitionsResources) {
     EXPECT_EQ(go->getLabel().getString().str(), "Go");
     EXPECT_EQ(go->getLabel().getAlignmentH(), 0);
     EXPECT_EQ(go->getLabel().getMarginH(), 3);
-    EXPECT_EQ(go->getColor("PushedColor"), registry("Red"));
+    EXPECT_EQ(go->getColor("PushedColor"), color("Red"));
     go->setActive(true);
-    EXPECT_EQ(go->getCurrentBackground(), registry("Red"));
+    EXPECT_EQ(go->getCurrentBackground(), color("Red"));
     root->removeChildren();
 }
 

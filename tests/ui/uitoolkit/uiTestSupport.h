@@ -1,5 +1,5 @@
 // Shared helpers for the widget tests: a mapped root without a window, a widget that logs its
-// callbacks, event builders, and a scope that turns the UiEvents trace on.
+// callbacks, event builders, a scope that turns the UiEvents trace on, and colours by name.
 #pragma once
 
 #include "lgLog.h"
@@ -8,6 +8,7 @@
 #include "msgBase.h"
 #include "msgProtocol.h"
 #include "uiArmStack.h"
+#include "uiColorRegistry.h"
 #include "uiContainer.h"
 #include "uiLogGroups.h"
 #include "uiWidget.h"
@@ -18,6 +19,11 @@
 #include <vector>
 
 namespace Zr::UiTest {
+
+// The registry's colour of that name.
+inline CoRgbColor color(LiString const& name) {
+    return UiColorRegistry::getInstance().getColor(name);
+}
 
 // A root container that is displayed and mapped, with no parent and no window: its children
 // map with it, and marks stay in the widgets.
