@@ -3,6 +3,7 @@
 #include "uiContainer.h"
 
 #include "smGl.h"
+#include "uiChildGrid.h"
 #include "uiFocusKeyboard.h"
 #include "uiFocusPointer.h"
 #include "uiGroup.h"
@@ -14,6 +15,7 @@
 #include "uiWindow.h"
 
 #include <algorithm>
+#include <climits>
 
 namespace Zr {
 
@@ -63,6 +65,12 @@ UiContainer::~UiContainer() {
     ChildList children;
     children.swap(_children->_list);
     _children->_alwaysOnTop = nullptr;
+    _children->_byName.clear();
+    _children->_damaged.clear();
+    for (auto const& child : children) {
+        child->_imp->_listed = false;
+        child->_imp->_damageListed = false;
+    }
     for (auto const& child : children)
         if (child->getParent() == this)
             child->clearParent();
@@ -99,9 +107,116 @@ UiContainer::ChildList const& UiContainer::getChildrenList() const {
 }
 
 UiContainer::ChildList::iterator UiContainer::findChild(UiWidget* child) {
-    auto& list = _children->_list;
-    return std::find_if(list.begin(), list.end(),
-                        [child](RCShdPtr<UiWidget> const& w) { return w.get() == child; });
+    if (!child || !child->_imp->_listed || child->getParent() != this)
+        return _children->_list.end();
+    return child->_imp->_node;
+}
+
+UiWidget* UiContainer::firstChildNamed(LiString const& name) const {
+    auto it = _children->_byName.find(name);
+    return it == _children->_byName.end() ? nullptr : it->second._first;
+}
+
+void UiContainer::indexName(UiWidget* child) {
+    auto [it, added] = _children->_byName.try_emplace(child->getName(), Children::Named{child, 1});
+    if (added)
+        return;
+    ++it->second._count;
+    if (child->_imp->_stackKey < it->second._first->_imp->_stackKey)
+        it->second._first = child;
+}
+
+void UiContainer::unindexName(UiWidget* child) {
+    auto it = _children->_byName.find(child->getName());
+    if (it == _children->_byName.end())
+        return;
+    if (--it->second._count == 0) {
+        _children->_byName.erase(it);
+        return;
+    }
+    if (it->second._first == child)
+        findFirstNamed(it->second, child->getName(), child);
+}
+
+void UiContainer::findFirstNamed(Children::Named& named, LiString const& name,
+                                 UiWidget const* leaving) {
+    // Only names borne by several children come here: a walk of the list is rare.
+    named._first = nullptr;
+    for (auto const& w : _children->_list)
+        if (w.get() != leaving && w->getName() == name) {
+            named._first = w.get();
+            return;
+        }
+}
+
+void UiContainer::restacked(UiWidget* child) {
+    auto it = _children->_byName.find(child->getName());
+    if (it != _children->_byName.end() && it->second._count > 1)
+        findFirstNamed(it->second, child->getName(), nullptr);
+}
+
+void UiContainer::renameChild(UiWidget* child, LiString const& name) {
+    unindexName(child);
+    child->_name = name;
+    indexName(child);
+}
+
+void UiContainer::forgetDamage(UiWidget* child) {
+    if (!child->_imp->_damageListed)
+        return;
+    child->_imp->_damageListed = false;
+    auto& damaged = _children->_damaged;
+    damaged.erase(std::remove(damaged.begin(), damaged.end(), child), damaged.end());
+    // A child removed while the container draws is skipped by the draw in progress.
+    std::replace(_children->_exposing.begin(), _children->_exposing.end(), child,
+                 static_cast<UiWidget*>(nullptr));
+}
+
+// Up to this many children a walk of the list is as quick as the grid.
+std::size_t UiContainer::_gridThreshold = 32;
+
+void UiContainer::setGridThreshold(std::size_t children) {
+    _gridThreshold = children;
+}
+
+void UiContainer::childrenOver(GeRectangle<int> const& rect, std::int64_t above,
+                               std::vector<UiWidget*>& out) {
+    Children& c = *_children;
+    out.clear();
+    if (c._list.size() <= _gridThreshold) {
+        for (auto it = c._list.rbegin(); it != c._list.rend(); ++it)
+            if ((*it)->_imp->_stackKey > above)
+                out.push_back(it->get());
+        return;
+    }
+    GeRectangle<int> const canvas = getCanvas();
+    // Built at the first need, and again when the canvas changes size or the children have
+    // grown fourfold since.
+    if (!c._grid || !c._grid->isFor(canvas.width(), canvas.height()) ||
+        c._list.size() > 4 * c._gridCount) {
+        if (!c._grid)
+            c._grid = std::make_unique<UiChildGrid>();
+        c._gridCount = c._list.size();
+        c._grid->reset(canvas.width(), canvas.height(), c._gridCount);
+        for (auto const& w : c._list)
+            c._grid->insert(w.get(), w->getRect());
+    }
+    c._grid->collect(rect, out);
+    std::erase_if(out, [above](UiWidget const* w) { return w->_imp->_stackKey <= above; });
+    std::sort(out.begin(), out.end(), [](UiWidget const* a, UiWidget const* b) {
+        return a->_imp->_stackKey > b->_imp->_stackKey;
+    });
+}
+
+void UiContainer::childMoved(UiWidget* child, GeRectangle<int> const& old) {
+    if (UiChildGrid* grid = _children->_grid.get()) {
+        grid->erase(child, old);
+        grid->insert(child, child->getRect());
+    }
+}
+
+bool UiContainer::hasDamage() const {
+    return UiWidget::hasDamage() || !_children->_damaged.empty();
 }
 
 void UiContainer::addChild(RCShdPtr<UiWidget> const& child) {
@@ -116,35 +231,63 @@ void UiContainer::removeChild(RCShdPtr<UiWidget> const& child) {
 
 void UiContainer::removeChildren() {
     ChildList children = _children->_list;
+    if (children.empty())
+        return;
+    // One mark for the whole canvas instead of one per child, each walking the others.
+    _children->_bulkRemoval = true;
     for (auto const& child : children)
         child->clearParent();
+    _children->_bulkRemoval = false;
     _children->_alwaysOnTop = nullptr;
     setTabbingDirty();
+    markRegion(_rect);
 }
 
 void UiContainer::addWidget(UiWidget* child) {
-    if (!child || findChild(child) != _children->_list.end())
+    if (!child || child->_imp->_listed)
         return;
-    auto& list = _children->_list;
-    // The on-top widget keeps the last place: the newcomer goes just below it.
-    if (_children->_alwaysOnTop && !list.empty() && list.back() == _children->_alwaysOnTop)
-        list.insert(std::prev(list.end()), RCShdPtr<UiWidget>(child));
-    else
-        list.push_back(RCShdPtr<UiWidget>(child));
+    Children& c = *_children;
+    auto& list = c._list;
+    UiWidgetImp& imp = *child->_imp;
+    // The on-top widget keeps the last place: the newcomer goes just below it and takes its key.
+    if (c._alwaysOnTop && !list.empty() && list.back() == c._alwaysOnTop) {
+        UiWidgetImp& top = *c._alwaysOnTop->_imp;
+        imp._node = list.insert(std::prev(list.end()), RCShdPtr<UiWidget>(child));
+        imp._stackKey = top._stackKey;
+        top._stackKey = ++c._topKey;
+        restacked(c._alwaysOnTop.get());
+    } else {
+        imp._node = list.insert(list.end(), RCShdPtr<UiWidget>(child));
+        imp._stackKey = ++c._topKey;
+    }
+    imp._listed = true;
+    imp._damageListed = false;
+    indexName(child);
+    if (c._grid)
+        c._grid->insert(child, child->getRect());
+    if (child->hasDamage())
+        child->noteDamage();
     // Widgets made with this container as parent arrive here without addChild.
     setTabbingDirty();
 }
 
 void UiContainer::removeWidget(UiWidget* child) {
-    auto it = findChild(child);
-    if (it == _children->_list.end())
+    if (!child || !child->_imp->_listed)
         return;
+    UiWidgetImp& imp = *child->_imp;
     // The list may hold the last reference: keep the child alive until it is marked out.
-    RCShdPtr<UiWidget> keep = *it;
+    RCShdPtr<UiWidget> keep = *imp._node;
     if (_children->_alwaysOnTop == child)
         _children->_alwaysOnTop = nullptr;
-    _children->_list.erase(it);
+    _children->_list.erase(imp._node);
+    imp._listed = false;
+    unindexName(child);
+    if (_children->_grid)
+        _children->_grid->erase(child, child->getRect());
+    forgetDamage(child);
     setTabbingDirty();
+    if (_children->_bulkRemoval)
+        return;
     GeRectangle<int> const canvas = getCanvas();
     markRegion(child->getRect().translated(canvas.x1, canvas.y1));
 }
@@ -167,39 +310,57 @@ void UiContainer::restack(UiWidget* child, Move move) {
 
 void UiContainer::front(UiWidget* child) {
     restack(child, [this, child](ChildList::iterator it) {
-        auto& list = _children->_list;
-        auto top = list.end();
-        if (_children->_alwaysOnTop && list.back() == _children->_alwaysOnTop &&
-            _children->_alwaysOnTop != child)
-            top = std::prev(list.end());
-        list.splice(top, list, it);
+        Children& c = *_children;
+        auto& list = c._list;
+        if (c._alwaysOnTop && list.back() == c._alwaysOnTop && c._alwaysOnTop != child) {
+            list.splice(std::prev(list.end()), list, it);
+            swapKeys(child, c._alwaysOnTop.get());
+            c._alwaysOnTop->_imp->_stackKey = ++c._topKey;
+            restacked(c._alwaysOnTop.get());
+        } else {
+            list.splice(list.end(), list, it);
+            child->_imp->_stackKey = ++c._topKey;
+        }
+        restacked(child);
     });
 }
 
 void UiContainer::back(UiWidget* child) {
-    restack(child, [this](ChildList::iterator it) {
+    restack(child, [this, child](ChildList::iterator it) {
         auto& list = _children->_list;
         list.splice(list.begin(), list, it);
+        child->_imp->_stackKey = --_children->_bottomKey;
+        restacked(child);
     });
 }
 
 void UiContainer::push(UiWidget* child) {
-    restack(child, [this](ChildList::iterator it) {
+    restack(child, [this, child](ChildList::iterator it) {
         auto& list = _children->_list;
         auto above = std::next(it);
         if (above == list.end() || *above == _children->_alwaysOnTop)
             return;
+        UiWidget* other = above->get();
         list.splice(std::next(above), list, it);
+        swapKeys(child, other);
     });
 }
 
 void UiContainer::pop(UiWidget* child) {
-    restack(child, [this](ChildList::iterator it) {
+    restack(child, [this, child](ChildList::iterator it) {
         auto& list = _children->_list;
         if (it == list.begin() || *it == _children->_alwaysOnTop)
             return;
+        UiWidget* other = std::prev(it)->get();
         list.splice(std::prev(it), list, it);
+        swapKeys(child, other);
     });
+}
+
+void UiContainer::swapKeys(UiWidget* a, UiWidget* b) {
+    std::swap(a->_imp->_stackKey, b->_imp->_stackKey);
+    restacked(a);
+    restacked(b);
 }
 
 void UiContainer::setAlwaysOnTop(UiWidget* child) {
@@ -212,6 +373,8 @@ void UiContainer::setAlwaysOnTop(UiWidget* child) {
         return;
     _children->_alwaysOnTop = *it;
     _children->_list.splice(_children->_list.end(), _children->_list, it);
+    child->_imp->_stackKey = ++_children->_topKey;
+    restacked(child);
 }
 
 RCShdPtr<UiWidget> const& UiContainer::getAlwaysOnTop() const {
@@ -251,7 +414,7 @@ RCShdPtr<UiWidget> UiContainer::findWidget(PrdPredicate<UiWidget> const& pred) c
 }
 
 RCShdPtr<UiWidget> UiContainer::findWidget(LiString const& name) const {
-    return findWidget([&name](UiWidget const& w) { return w.getName() == name; });
+    return RCShdPtr<UiWidget>(firstChildNamed(name));
 }
 
 Iterator<RCShdPtr<UiWidget>> UiContainer::findWidgets(PrdPredicate<UiWidget> const& pred) const {
@@ -454,14 +617,40 @@ void UiContainer::expose(GeRectangle<int> const& clip, GePoint2<int> const& orig
         return;
     if (!getMarkedRectList().empty())
         performExpose(clip, origin, computeCanvasHidden());
+    Children& c = *_children;
+    if (c._damaged.empty() || !c._exposing.empty())
+        return; // nothing below to draw, or a draw of this container is under way
     GeRectangle<int> const canvas = getCanvas();
     GeRectangle<int> const region = canvas.translated(origin.x, origin.y).intersection(clip);
     if (region.isEmpty())
         return;
     GePoint2<int> const canvasOrigin(origin.x + canvas.x1, origin.y + canvas.y1);
-    ChildList children = _children->_list;
-    for (auto const& child : children)
-        child->expose(region, canvasOrigin);
+    // Only the children with damage are visited, bottom to top. Damage made while they draw
+    // goes to the emptied list: children it reaches are drawn after them in this same pass,
+    // as a draw over the whole list would have reached them.
+    auto byStack = [](UiWidget const* a, UiWidget const* b) {
+        return a->_imp->_stackKey < b->_imp->_stackKey;
+    };
+    for (int pass = 0; pass < 2 && !c._damaged.empty(); ++pass) {
+        std::size_t const drawn = c._exposing.size();
+        c._exposing.insert(c._exposing.end(), c._damaged.begin(), c._damaged.end());
+        c._damaged.clear();
+        std::sort(c._exposing.begin() + drawn, c._exposing.end(), byStack);
+        for (std::size_t i = drawn; i < c._exposing.size(); ++i)
+            if (UiWidget* child = c._exposing[i])
+                child->expose(region, canvasOrigin);
+    }
+    // What still has marks (a rectangle drawn into one buffer of two) stays listed.
+    // (A child drawn in this pass kept its listed flag, so none is in the list twice.)
+    for (UiWidget* child : c._exposing) {
+        if (!child)
+            continue;
+        if (child->hasDamage())
+            c._damaged.push_back(child);
+        else
+            child->_imp->_damageListed = false;
+    }
+    c._exposing.clear();
 }
 
 void UiContainer::drawBackground(GeRectangle<int> const& r, GePoint2<int> const& origin) {
@@ -495,9 +684,10 @@ void UiContainer::markRegion(GeRectangle<int> const& rect) {
     GeRectangle<int> region = copy.intersection(canvas);
     region.translate(-canvas.x1, -canvas.y1);
     // Top down: an opaque child takes its share, and what is left is this container's.
-    auto& children = _children->_list;
-    for (auto it = children.rbegin(); it != children.rend() && !region.isEmpty(); ++it)
-        (*it)->markChildren(region);
+    std::vector<UiWidget*>& over = _children->_over;
+    childrenOver(region, INT64_MIN, over);
+    for (std::size_t i = 0; i < over.size() && !region.isEmpty(); ++i)
+        over[i]->markChildren(region);
     region.translate(canvas.x1, canvas.y1);
 
     if (canvas.contains(copy)) {
@@ -530,9 +720,10 @@ void UiContainer::markUp(GeRectangle<int>& rect, UiWidget* child) {
     if (rect.isEmpty())
         return;
     // The siblings stacked above the child see the damage too; opaque ones cut it.
-    auto& children = _children->_list;
-    for (auto it = children.rbegin(); it != children.rend() && it->get() != child; ++it) {
-        (*it)->markDown(rect);
+    std::vector<UiWidget*>& over = _children->_over;
+    childrenOver(rect, child && child->_imp->_listed ? child->_imp->_stackKey : INT64_MIN, over);
+    for (UiWidget* sibling : over) {
+        sibling->markDown(rect);
         if (rect.isEmpty())
             return;
     }
@@ -548,9 +739,10 @@ void UiContainer::markChildren(GeRectangle<int>& rect) {
     // Only the canvas reaches the children: a child half over the frame gets its marks cut.
     GeRectangle<int> region = part.intersection(canvas);
     region.translate(-canvas.x1, -canvas.y1);
-    auto& children = _children->_list;
-    for (auto it = children.rbegin(); it != children.rend() && !region.isEmpty(); ++it)
-        (*it)->markDown(region);
+    std::vector<UiWidget*>& over = _children->_over;
+    childrenOver(region, INT64_MIN, over);
+    for (std::size_t i = 0; i < over.size() && !region.isEmpty(); ++i)
+        over[i]->markDown(region);
     region.translate(canvas.x1, canvas.y1);
 
     if (!canvas.contains(part))

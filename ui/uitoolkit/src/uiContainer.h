@@ -7,22 +7,48 @@
 
 #include "piWidget.h"
 
+#include "containers.h"
 #include "iterator.h"
 #include "prdPredicate.h"
 
+#include <cstdint>
 #include <list>
+#include <vector>
 
 namespace Zr {
 
+class UiChildGrid;
 class UiGroup;
 
 class UiContainer : public UiWidget {
 public:
     bool setMap(bool map, bool checkParent) override;
-    // The children in stacking order, bottom first, and the widget kept on top.
+    // The children in stacking order, bottom first, and the widget kept on top. The list is
+    // changed only through addChild, removeChild and the restacking operations: the indexes
+    // below follow it.
     struct Children {
         RCShdPtr<UiWidget> _alwaysOnTop;
         std::list<RCShdPtr<UiWidget>> _list;
+        // Stacking keys of the next child on top and below the bottom one.
+        std::int64_t _topKey = 0;
+        std::int64_t _bottomKey = 0;
+        // Each name's first child in stacking order and how many children bear it, so that
+        // look-ups by name and duplicate checks don't walk the list.
+        struct Named {
+            UiWidget* _first;
+            int _count;
+        };
+        HashMap<LiString, Named> _byName;
+        // The children with damage to draw in their subtree, in no order; a redraw visits
+        // these only, sorted by stacking key, in the scratch list beside it.
+        std::vector<UiWidget*> _damaged;
+        std::vector<UiWidget*> _exposing;
+        // Set while removeChildren detaches every child: one mark covers them all.
+        bool _bulkRemoval = false;
+        // Where the children lie, for a container with many; and the marking's scratch list.
+        UPtr<UiChildGrid> _grid;
+        std::size_t _gridCount = 0; // the children the grid's cells were sized for
+        std::vector<UiWidget*> _over;
     };
     using ChildList = std::list<RCShdPtr<UiWidget>>;
     enum WidgetList { AllChildren = 0, MappedChildren = 1 };
@@ -54,6 +80,11 @@ public:
     virtual void removeChildren();
     virtual ChildList& getChildrenList();
     virtual ChildList const& getChildrenList() const;
+    // Containers with more children than this find the children a mark reaches through a
+    // grid over the canvas instead of walking them all (32 by default; tests compare both).
+    static void setGridThreshold(std::size_t children);
+    // The child named `name` that lies lowest in the stacking order, or null; no walk.
+    UiWidget* firstChildNamed(LiString const& name) const;
     // The upward half of marking: cuts `rect` where this container hides it and marks the
     // children stacked above `child` that overlap it. Zeroes `rect` when nothing is visible.
     virtual void markUp(GeRectangle<int>& rect, UiWidget* child);
@@ -111,6 +142,7 @@ public:
     void markRegion(GeRectangle<int> const& rect) override;
     void markChildren(GeRectangle<int>& rect) override;
     void markDown(GeRectangle<int>& rect) override;
+    bool hasDamage() const override;
     void setColor(LiString const& name, CoRgbColor const& color) override;
     void setFrame(RCShdPtr<UiFrame> const& frame, LiString const& name) override;
 
@@ -142,11 +174,28 @@ private:
     bool tabListIsStale() const;
     void rebuildTabList();
     ChildList::iterator findChild(UiWidget* child);
+    // The name index and the stacking keys, kept up with the list.
+    void indexName(UiWidget* child);
+    void unindexName(UiWidget* child);
+    void findFirstNamed(Children::Named& named, LiString const& name, UiWidget const* leaving);
+    void restacked(UiWidget* child);
+    void swapKeys(UiWidget* a, UiWidget* b);
+    void renameChild(UiWidget* child, LiString const& name);
+    // Takes a child out of the lists of damage to draw.
+    void forgetDamage(UiWidget* child);
+    // Fills `out` with the children that may lie over `rect` (canvas coordinates) and stand
+    // above the stacking key `above`, topmost first: all of them in a small container, those
+    // the grid finds in a large one.
+    void childrenOver(GeRectangle<int> const& rect, std::int64_t above,
+                      std::vector<UiWidget*>& out);
+    // A child's rectangle changed from `old`: the grid follows.
+    void childMoved(UiWidget* child, GeRectangle<int> const& old);
     // Hides a displayed child around a change of its place, so both places get damaged.
     template <class Move>
     void restack(UiWidget* child, Move move);
     void resizeChildren();
     static TabUnitFinder _tabUnitFinder;
+    static std::size_t _gridThreshold;
     // Detaches and drops the stored interface; run first by the destructor.
     void releaseInterface();
 

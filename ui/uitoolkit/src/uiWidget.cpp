@@ -168,6 +168,9 @@ void UiWidget::setRect(GeRectangle<int> const& rect, bool notify) {
         return;
     GeRectangle<int> old = _rect;
     _rect = rect;
+    if (_imp->_listed)
+        if (UiContainer* parent = getParent())
+            parent->childMoved(this, old);
     adjustCoords();
     if (notify) {
         UiResize resized(makeSender());
@@ -226,27 +229,24 @@ void UiWidget::applyConstraint() {
     UiContainer* parent = getParent();
     if (!_imp->_hasConstraint || !parent)
         return;
-    // Siblings are looked for among the children created before this one: meeting this widget
-    // first means the sibling came later, and its rectangle would not be up to date when this
-    // constraint is run. A name found nowhere stays unresolved and anchors at zero.
+    // A sibling must be a child made before this one: one made later (or found nowhere) would
+    // not be placed yet when this constraint runs on a resize.
     for (int edge = 0; edge < 4; ++edge) {
         _imp->_siblings[edge] = nullptr;
         LiString const& siblingName = _imp->_constraint.getSibling(edge);
         if (siblingName.empty())
             continue;
-        for (auto const& child : parent->getChildrenList()) {
-            if (child.get() == this)
-                throw UiWidgetSiblingConstraintEx(
-                    __FILE__, __LINE__,
-                    "Widget '" + _name.str() + "': Invalid sibling constraint: sibling '" +
-                        siblingName.str() +
-                        "' not found (possible cause: the widget was created earlier than the "
-                        "target sibling).");
-            if (child->getName() == siblingName) {
-                _imp->_siblings[edge] = child.get();
-                break;
-            }
-        }
+        // The first child of that name must lie below this one in the list, which is the
+        // order of creation.
+        UiWidget* sibling = parent->firstChildNamed(siblingName);
+        if (!sibling || sibling->_imp->_stackKey >= _imp->_stackKey)
+            throw UiWidgetSiblingConstraintEx(
+                __FILE__, __LINE__,
+                "Widget '" + _name.str() + "': Invalid sibling constraint: sibling '" +
+                    siblingName.str() +
+                    "' not found (possible cause: the widget was created earlier than the "
+                    "target sibling).");
+        _imp->_siblings[edge] = sibling;
     }
     // A canvas under one pixel (a parent not laid out yet) leaves the rectangle as it is; the
     // parent's next resize computes it.
@@ -575,6 +575,8 @@ void UiWidget::clearMarks() {
 
 void UiWidget::mark(GeRectangle<int> const& rect) {
     _imp->_marks.mark(rect);
+    if (!_imp->_marks.empty())
+        noteDamage();
     if (UiWindow* window = getWindow())
         window->markNotify();
 }
@@ -586,6 +588,7 @@ void UiWidget::markRegion(GeRectangle<int> const& rect) {
     if (visible.isEmpty())
         return;
     _imp->_marks.mark(visible);
+    noteDamage();
     // Seen through a translucent widget, the parent must repaint too.
     if (!isOpaque())
         markParent(visible);
@@ -614,6 +617,31 @@ void UiWidget::markChildren(GeRectangle<int>& rect) {
 
 void UiWidget::markDown(GeRectangle<int>& rect) {
     UiWidget::markChildren(rect);
+}
+
+void UiWidget::setName(LiString const& name) {
+    if (name == _name)
+        return;
+    if (UiContainer* parent = _imp->_listed ? getParent() : nullptr)
+        parent->renameChild(this, name);
+    else
+        _name = name;
+}
+
+void UiWidget::noteDamage() {
+    // A listed widget's container is listed too, up to the window: stop at the first listed.
+    UiWidget* w = this;
+    for (UiContainer* parent = w->getParent(); parent && !w->_imp->_damageListed;
+         w = parent, parent = parent->getParent()) {
+        if (parent == parent->getWindow())
+            return; // a window draws its root itself
+        w->_imp->_damageListed = true;
+        parent->_children->_damaged.push_back(w);
+    }
+}
+
+bool UiWidget::hasDamage() const {
+    return !_imp->_marks.empty();
 }
 
 UiMarkedRectList& UiWidget::getMarkedRectList() {

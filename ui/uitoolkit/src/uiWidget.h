@@ -175,6 +175,8 @@ public:
     virtual void markParent(GeRectangle<int> const& rect);
     virtual void markDown(GeRectangle<int>& rect);
     UiMarkedRectList& getMarkedRectList();
+    // Whether this widget, or a widget below it, has marks still to draw.
+    virtual bool hasDamage() const;
     std::vector<GeRectangle<int>> getMarkedRects() const;
 
     // --- constraint -----------------------------------------------------------------------
@@ -300,7 +302,7 @@ public:
     virtual void paste() {}
     virtual void dump(std::ostream& os) const;
     LiString const& getName() const { return _name; }
-    void setName(LiString const& name) { _name = name; }
+    void setName(LiString const& name);
 
 protected:
     UiWidget(UiContainer* parent, LiString const& name);
@@ -342,6 +344,9 @@ protected:
 private:
     void initFocusColors();
     static CoRgbColor blackColor();
+    // Lists this widget with its container as having damage to draw, and the container with
+    // its own, up to the window: a redraw then visits the damaged children only.
+    void noteDamage();
     // The drag interception ahead of dispatch; true when the event started a drag.
     bool interceptDrag(EvEvent& event);
     void dispatchEvent(EvEvent& event);

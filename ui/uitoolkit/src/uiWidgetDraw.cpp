@@ -77,28 +77,34 @@ void UiWidget::performExpose(GeRectangle<int> const& clip, GePoint2<int> const& 
     if (region.isEmpty())
         return;
 
-    // Callbacks may add marks while we draw: work from a copy.
-    std::vector<UiMarkedRect> marks(_imp->_marks);
+    // Callbacks may add marks while we draw: the rectangles to draw are taken first. A widget
+    // has a mark or two, so they usually fit on the stack and the draw allocates nothing.
+    constexpr std::size_t Inline = 8;
+    GeRectangle<int> inlineRects[Inline];
+    std::vector<GeRectangle<int>> spilled;
+    std::size_t count = 0;
     GeRectangle<int> united;
-    int unitedCount = 0;
-    for (UiMarkedRect const& m : marks) {
+    for (UiMarkedRect const& m : _imp->_marks) {
         if (m.getState() == UiMarkedRect::InsideDrawnOnce)
             continue;
         GeRectangle<int> r = m.getRect().translated(origin.x, origin.y).intersection(region);
         if (r.isEmpty())
             continue;
-        if (_imp->_drawCollapsing) {
-            united = united.united(r);
-            ++unitedCount;
-        } else {
-            draw(r, origin, visibility);
-        }
+        united = united.united(r);
+        if (count < Inline)
+            inlineRects[count] = r;
+        else
+            spilled.push_back(r);
+        ++count;
     }
-    if (_imp->_drawCollapsing && !united.isEmpty()) {
+    if (_imp->_drawCollapsing && count > 0) {
         // Re-marked as one, so that the other buffer is repainted as one rectangle too.
-        if (unitedCount > 1)
+        if (count > 1)
             markRegion(united.translated(-origin.x, -origin.y));
         draw(united, origin, visibility);
+    } else {
+        for (std::size_t i = 0; i < count; ++i)
+            draw(i < Inline ? inlineRects[i] : spilled[i - Inline], origin, visibility);
     }
     _imp->_marks.updateTransition();
 }

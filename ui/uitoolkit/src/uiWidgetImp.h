@@ -10,6 +10,8 @@
 #include "wsCursor.h"
 
 #include <array>
+#include <cstdint>
+#include <list>
 #include <string>
 #include <utility>
 #include <vector>
@@ -82,6 +84,13 @@ public:
     RCShdPtr<UiDragAndDrop> _dnd;
     OPtr<UiGestureRecogniser> _dragRecogniser;
     UiMarkedRectList _marks;
+    // The place in the container: the list node (valid while listed), a key that orders the
+    // children bottom to top without walking the list, and whether this widget is in the
+    // container's list of children with damage to draw.
+    std::list<RCShdPtr<UiWidget>>::iterator _node;
+    std::int64_t _stackKey = 0;
+    bool _listed = false;
+    bool _damageListed = false;
     bool _displayed = true;
     bool _mapped = false;
     bool _locked = false;
