@@ -131,10 +131,18 @@ OPtr<EvEvent> WsEventQ::getNextEvent(DtTimeIndex until) {
 }
 
 void WsEventQ::getAllEvents(std::deque<OPtr<EvEvent>>& out) {
-    if (WsEventSource* source = pumpableSource(_source))
-        source->pump();
-    std::lock_guard<std::mutex> lock(_mutex);
+    std::unique_lock<std::mutex> lock(_mutex);
     promoteDueRequests(nowUst());
+    // The window system is read only when nothing is queued: a busy loop takes what is here
+    // first and reads the connection once it has run dry.
+    if (_events.empty()) {
+        if (WsEventSource* source = pumpableSource(_source)) {
+            lock.unlock();
+            source->pump();
+            lock.lock();
+            promoteDueRequests(nowUst());
+        }
+    }
     for (auto& e : _events)
         out.push_back(std::move(e));
     _events.clear();

@@ -155,9 +155,14 @@ bool WsSdlEventSource::isPumpThread() const {
 }
 
 void WsSdlEventSource::pump() {
-    SDL_Event event;
-    while (SDL_PollEvent(&event))
-        translate(event);
+    // One read of the connection, then SDL's queue as it stands: SDL_PollEvent would read the
+    // connection again for every event it returns.
+    SDL_PumpEvents();
+    SDL_Event events[16];
+    int n = 0;
+    while ((n = SDL_PeepEvents(events, 16, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT)) > 0)
+        for (int i = 0; i < n; ++i)
+            translate(events[i]);
     closeLostWindows();
 }
 
