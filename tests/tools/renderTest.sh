@@ -62,4 +62,16 @@ fi
 
 "$render" >"$out/out" 2>"$out/err"
 [ $? -eq 2 ] || fail "no arguments: expected status 2"
+
+# The image never goes over an input, under its own name or another.
+cp "$here/renderPanel.xml" "$out/keep.xml"
+ln -sf keep.xml "$out/link.xml"
+for target in "$out/keep.xml" "$out/link.xml" "$out/../$(basename "$out")/keep.xml"; do
+  "$render" "$out/keep.xml" -o "$target" >"$out/out" 2>"$out/err"
+  [ $? -eq 2 ] || fail "-o $target over the definition: expected status 2"
+  grep -q "would overwrite the input" "$out/err" || fail "-o $target: no reason given"
+  cmp -s "$here/renderPanel.xml" "$out/keep.xml" || fail "-o $target: the definition changed"
+done
+"$render" "$here/renderPanel.xml" --table "$out/keep.xml" -o "$out/keep.xml" >"$out/out" 2>"$out/err"
+[ $? -eq 2 ] || fail "-o over the table: expected status 2"
 echo "ok"

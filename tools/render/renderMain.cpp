@@ -30,6 +30,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <system_error>
 #include <vector>
 
 using namespace Zr;
@@ -96,6 +97,18 @@ int parse(int argc, char** argv, Options& options) {
     if (!options.listTypes && (options.definition.empty() || options.output.empty())) {
         std::cerr << Usage;
         return 2;
+    }
+    // The image never goes over an input: "-o panel.xml" would destroy the definition. The
+    // same file under another name (a link, "./x") counts too.
+    for (std::string const* input : {&options.definition, &options.table}) {
+        std::error_code error;
+        if (!input->empty() && (std::filesystem::equivalent(*input, options.output, error) ||
+                                std::filesystem::weakly_canonical(*input, error) ==
+                                    std::filesystem::weakly_canonical(options.output, error))) {
+            std::cerr << "zrui-render: the output \"" << options.output
+                      << "\" would overwrite the input \"" << *input << "\"\n";
+            return 2;
+        }
     }
     return 0;
 }

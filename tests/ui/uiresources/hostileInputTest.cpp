@@ -7,6 +7,7 @@
 #include "uiColorRegistry.h"
 #include "uiIconRegistry.h"
 #include "uiResTable.h"
+#include "uiResText.h"
 
 #include "osFilePath.h"
 
@@ -162,6 +163,24 @@ TEST_F(HostileTable, ReportsOfAFileNameItsLine) {
             << logText();
         EXPECT_TRUE(table.find("w", "A"));
     }
+}
+
+// Names and labels hold valid UTF-8: each malformed sequence becomes U+FFFD when read.
+TEST_F(HostileTable, InvalidUtf8InNamesAndLabelsBecomesTheReplacementCharacter) {
+    std::string const replacement = "\xEF\xBF\xBD";
+    UiResTable table;
+    table.readTableText(LiString("Widget w\xC3\n  Label Text \"caf\xE9 \xF0\x9F\x98\x80\"\n"),
+                        UiResource::LevelApplication);
+    table.readTable(LiString("<ResourceTable><Widget Name='x\xFF'><Label><Text>\xFF!</Text>"
+                             "</Label></Widget></ResourceTable>"),
+                    UiResource::LevelApplication);
+    auto text = [&table](char const* widget) {
+        RCShdPtr<UiResource> const found = table.find(LiString(widget), "Label");
+        auto const* label = dynamic_cast<UiResText const*>(found.get());
+        return label ? std::string(label->getString(0)) : std::string("(none)");
+    };
+    EXPECT_EQ(text(("w" + replacement).c_str()), "caf" + replacement + " \xF0\x9F\x98\x80");
+    EXPECT_EQ(text(("x" + replacement).c_str()), replacement + "!");
 }
 
 } // namespace

@@ -296,7 +296,7 @@ void UiResTable::readResource(LiString const& widget, std::string const& name,
 
 LiString UiResTable::readWidget(XmlElement const& element, UiResource::Level level,
                                 char const* file) {
-    std::string const handle = element.getAttribute("Name");
+    std::string const handle = UiResText::toValidUtf8(element.getAttribute("Name"));
     if (handle.empty())
         throw UiResourceEx::UiResTableEx::ExNoWidget(__FILE__, __LINE__);
     LiString const widget(handle);
@@ -455,7 +455,7 @@ void UiResTable::readTableText(std::istream& is, UiResource::Level level, char c
         if (statement.is(WidgetKeyword)) {
             try {
                 std::istringstream rest = restOf(statement);
-                std::string const handle = nextToken(rest);
+                std::string const handle = UiResText::toValidUtf8(nextToken(rest));
                 if (handle.empty())
                     throw UiResourceEx::UiResTableEx::ExNoWidget(__FILE__, __LINE__);
                 std::string const tooltipId = nextToken(rest);

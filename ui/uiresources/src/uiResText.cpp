@@ -1,9 +1,12 @@
 // UiResText: the list of strings and the token reader shared by the text forms.
 #include "uiResText.h"
 
+#include "liStringUtil.h"
+
 #include "xmlElement.h"
 #include "xmlWriter.h"
 
+#include <algorithm>
 #include <cctype>
 #include <istream>
 #include <ostream>
@@ -74,17 +77,23 @@ UiResText::UiResText(LiString const& name, char const* text) : UiResource(name) 
     read(is);
 }
 
+std::string UiResText::toValidUtf8(std::string const& text) {
+    bool const ascii = std::all_of(text.begin(), text.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return ascii ? text : WideStringUtil::narrowMB(WideStringUtil::widen(text));
+}
+
 void UiResText::read(XmlElement const& element) {
     _strings.clear();
     for (XmlElement const& child : element.getElementsByTagName("Text"))
-        _strings.emplace_back(child.getDataMB());
+        _strings.emplace_back(toValidUtf8(child.getDataMB()));
 }
 
 void UiResText::read(std::istream& is) {
     _strings.clear();
     std::string token;
     while (readToken(is, token))
-        _strings.emplace_back(token);
+        _strings.emplace_back(toValidUtf8(token));
 }
 
 void UiResText::write(XmlWriter& writer, bool) const {
