@@ -117,7 +117,7 @@ char const* UiResText::getString(int index) const {
 }
 
 void UiResText::append(char const* text) {
-    _strings.emplace_back(text);
+    _strings.emplace_back(toValidUtf8(text));
 }
 
 } // namespace Zr

@@ -29,6 +29,7 @@ public:
     int getNbStrings() const { return static_cast<int>(_strings.size()); }
     // The string at `index`; an index out of range fails an assertion.
     char const* getString(int index) const;
+    // Appends the text, repaired like what is read (toValidUtf8).
     void append(char const* text);
     void removeAll() { _strings.clear(); }
     std::vector<LiString> const& getStrings() const { return _strings; }
