@@ -283,46 +283,19 @@ TEST_F(InputGraph, ConnectedInputsFollowTheValueNode) {
     EXPECT_EQ(sat.state.take(), 1);
 }
 
-TEST_F(InputGraph, UndoAndRedoRestoreValuesKeysAndExpressionsExactly) {
+// The exact restore of values, keys and expressions is the round trip's (undoRoundTripTest.cpp);
+// here the dependencies that go and come back with an expression.
+TEST_F(InputGraph, UndoingAnExpressionTakesItsDependencyAndRedoBringsItBack) {
     Watch w(radius);
-    undoable("Set radius", [&] { radius->setStaticValue(12); });
-    undoable("Set key", [&] {
-        radius->setKey(1.0, 40.0);
-        radius->setKey(2.0, 80.0);
-    });
-    undoable("Move key", [&] {
-        radius->removeKey(2.0);
-        radius->setKey(3.0, 90.0);
-    });
     undoable("Set expression", [&] { radius->setExpression("Grade.saturation * 10"); });
-    ASSERT_EQ(stack()->getNbUndo(), 4);
     w.value.take();
     w.state.take();
-
     ASSERT_TRUE(stack()->undo());
     EXPECT_EQ(w.value.take(), 1);
     EXPECT_EQ(w.state.take(), 1);
-    EXPECT_FALSE(radius->hasExpression());
-    // The dependency went with the expression.
     saturation->setStaticValue(2);
     EXPECT_EQ(w.value.take(), 0);
-
-    ASSERT_TRUE(stack()->undo());
-    EXPECT_TRUE(radius->hasKeyAt(2.0));
-    EXPECT_FALSE(radius->hasKeyAt(3.0));
-    ASSERT_TRUE(stack()->undo());
-    EXPECT_FALSE(radius->hasAnimation());
-    EXPECT_EQ(radius->evaluate(1.0), 12.0);
-    ASSERT_TRUE(stack()->undo());
-    EXPECT_EQ(radius->getStaticValue(), 2.0);
-    EXPECT_FALSE(stack()->undo());
-
-    for (int i = 0; i < 4; ++i)
-        ASSERT_TRUE(stack()->redo());
-    EXPECT_EQ(radius->getStaticValue(), 12.0);
-    EXPECT_EQ(radius->getCurve()->getNbKeys(), 2);
-    EXPECT_EQ(radius->getCurve()->findKey(3.0)->getValue(), 90.0);
-    EXPECT_EQ(radius->evaluate(0.0), 20.0);
+    ASSERT_TRUE(stack()->redo());
     w.value.take();
     saturation->setStaticValue(3);
     EXPECT_EQ(w.value.take(), 1);
