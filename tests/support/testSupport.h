@@ -1,8 +1,7 @@
-// Helpers the test binaries share: capturing what a call prints, temporary files, waiting for
-// another thread, and a handler that counts its calls.
+// Helpers the test binaries share: capturing what a call prints, temporary files, and waiting
+// for another thread.
 #pragma once
 
-#include "cbDispatcher.h"
 #include "osFile.h"
 
 #include <gtest/gtest.h>
@@ -46,11 +45,5 @@ inline bool waitFor(std::function<bool()> const& done, double seconds = 5.0) {
     }
     return true;
 }
-
-// A callback handler that counts its calls.
-struct CallCounter : CbHandler<CbEmptyType> {
-    int count = 0;
-    void call() override { ++count; }
-};
 
 } // namespace Zr::TestSupport
