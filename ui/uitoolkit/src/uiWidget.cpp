@@ -77,7 +77,6 @@ UiWidget::UiWidget(UiContainer* parent, LiString const& name)
     _focusable = true;
     _keyboardFocusable = true;
     initFocusColors();
-    _imp->_dnd = UiDragAndDrop::create();
 }
 
 UiWidget::~UiWidget() {
@@ -196,10 +195,11 @@ void UiWidget::parentResize(int w, int h) {
         return;
     GeRectangle<int> siblings[4];
     for (int i = 0; i < 4; ++i)
-        if (_imp->_siblings[i])
-            siblings[i] = _imp->_siblings[i].get()->getRect();
-    setRect(_imp->_constraint.calcRect(w, h, siblings[0], siblings[1], siblings[2], siblings[3]),
-            true);
+        if (_imp->rare()._siblings[i])
+            siblings[i] = _imp->rare()._siblings[i].get()->getRect();
+    setRect(
+        _imp->rare()._constraint.calcRect(w, h, siblings[0], siblings[1], siblings[2], siblings[3]),
+        true);
 }
 
 // --- constraint ----------------------------------------------------------------------------
@@ -209,20 +209,22 @@ bool UiWidget::hasConstraint() const {
 }
 
 UiConstraint const& UiWidget::getConstraint() const {
-    return _imp->_constraint;
+    return _imp->rareOrNone()._constraint;
 }
 
 void UiWidget::setConstraint(UiConstraint const& c) {
-    _imp->_constraint = c;
+    _imp->rare()._constraint = c;
     _imp->_hasConstraint = true;
     applyConstraint();
 }
 
 void UiWidget::removeConstraint() {
     _imp->_hasConstraint = false;
-    _imp->_constraint = UiConstraint();
-    for (auto& sibling : _imp->_siblings)
-        sibling = nullptr;
+    if (_imp->_rare) {
+        _imp->_rare->_constraint = UiConstraint();
+        for (auto& sibling : _imp->_rare->_siblings)
+            sibling = nullptr;
+    }
 }
 
 void UiWidget::applyConstraint() {
@@ -232,8 +234,8 @@ void UiWidget::applyConstraint() {
     // A sibling must be a child made before this one: one made later (or found nowhere) would
     // not be placed yet when this constraint runs on a resize.
     for (int edge = 0; edge < 4; ++edge) {
-        _imp->_siblings[edge] = nullptr;
-        LiString const& siblingName = _imp->_constraint.getSibling(edge);
+        _imp->rare()._siblings[edge] = nullptr;
+        LiString const& siblingName = _imp->rare()._constraint.getSibling(edge);
         if (siblingName.empty())
             continue;
         // The first child of that name must lie below this one in the list, which is the
@@ -246,7 +248,7 @@ void UiWidget::applyConstraint() {
                     siblingName.str() +
                     "' not found (possible cause: the widget was created earlier than the "
                     "target sibling).");
-        _imp->_siblings[edge] = sibling;
+        _imp->rare()._siblings[edge] = sibling;
     }
     // A canvas under one pixel (a parent not laid out yet) leaves the rectangle as it is; the
     // parent's next resize computes it.
@@ -295,8 +297,8 @@ void UiWidget::setParent(UiContainer* parent) {
         _parentColor = inherited;
 
     if (_imp->_hasConstraint) {
-        UiConstraint constraint = _imp->_constraint;
-        _imp->_constraint = constraint;
+        UiConstraint constraint = _imp->rare()._constraint;
+        _imp->rare()._constraint = constraint;
         applyConstraint();
     } else {
         adjustCoords();
@@ -512,8 +514,8 @@ bool UiWidget::isOpaque() const {
 }
 
 RCShdPtr<WsCursor> UiWidget::getCursor() const {
-    if (_imp->_cursor)
-        return _imp->_cursor;
+    if (RCShdPtr<WsCursor> const& own = _imp->rareOrNone()._cursor)
+        return own;
     for (UiContainer* a = getParent(); a; a = a->getParent())
         if (a->getTransferCursorToChildren())
             return a->getCursor();
@@ -521,12 +523,13 @@ RCShdPtr<WsCursor> UiWidget::getCursor() const {
 }
 
 void UiWidget::setCursor(RCShdPtr<WsCursor> const& cursor) {
-    _imp->_cursor = cursor;
+    _imp->rare()._cursor = cursor;
     applyCursor();
 }
 
 void UiWidget::resetCursor() {
-    _imp->_cursor = nullptr;
+    if (_imp->_rare)
+        _imp->_rare->_cursor = nullptr;
     applyCursor();
 }
 
@@ -663,8 +666,8 @@ void UiWidget::setDrawCollapsing(bool collapse) {
 // --- tooltip data --------------------------------------------------------------------------
 
 std::string UiWidget::getTooltipId(TooltipIdMode mode) const {
-    if (!_imp->_tooltipId.empty() && mode != InheritedId)
-        return _imp->_tooltipId;
+    if (!_imp->rareOrNone()._tooltipId.empty() && mode != InheritedId)
+        return _imp->rareOrNone()._tooltipId;
     std::string name = _name.str();
     if (name.empty()) {
         UiContainer* parent = getParent();
@@ -675,19 +678,19 @@ std::string UiWidget::getTooltipId(TooltipIdMode mode) const {
 }
 
 void UiWidget::setTooltipId(std::string const& id) {
-    _imp->_tooltipId = id;
+    _imp->rare()._tooltipId = id;
 }
 
 std::string const& UiWidget::getDefaultTooltip() const {
-    return _imp->_defaultTooltip;
+    return _imp->rareOrNone()._defaultTooltip;
 }
 
 void UiWidget::setDefaultTooltip(std::string const& text) {
-    _imp->_defaultTooltip = text;
+    _imp->rare()._defaultTooltip = text;
 }
 
 bool UiWidget::hasDefaultTooltip() const {
-    return !_imp->_defaultTooltip.empty();
+    return !_imp->rareOrNone()._defaultTooltip.empty();
 }
 
 bool UiWidget::hasStoredTooltip() const {
@@ -696,7 +699,7 @@ bool UiWidget::hasStoredTooltip() const {
 }
 
 bool UiWidget::canSetTooltip() const {
-    if (_imp->_resTableName.empty())
+    if (_imp->rareOrNone()._resTableName.empty())
         return false;
     return !getTooltipId(OwnId).empty();
 }
@@ -710,20 +713,20 @@ bool UiWidget::isTooltipEnabled() const {
 }
 
 std::string UiWidget::getTooltip(GePoint2<int> const&) const {
-    return _imp->_tooltipEnabled ? _imp->_defaultTooltip : std::string();
+    return _imp->_tooltipEnabled ? _imp->rareOrNone()._defaultTooltip : std::string();
 }
 
 void UiWidget::setResTableName(std::string const& name) {
-    _imp->_resTableName = name;
+    _imp->rare()._resTableName = name;
 }
 
 std::string UiWidget::getResTableName(ResTableNameMode mode) const {
-    if (mode == BaseName || !_imp->_resTableName.empty())
-        return _imp->_resTableName;
+    if (mode == BaseName || !_imp->rareOrNone()._resTableName.empty())
+        return _imp->rareOrNone()._resTableName;
     // The full form falls back on the nearest ancestor that came from a table.
     for (UiContainer* a = getParent(); a; a = a->getParent())
-        if (!a->_imp->_resTableName.empty())
-            return a->_imp->_resTableName;
+        if (!a->_imp->rareOrNone()._resTableName.empty())
+            return a->_imp->rareOrNone()._resTableName;
     return {};
 }
 
@@ -734,17 +737,20 @@ void UiWidget::setWidgetResTable(UiWidget& widget, std::string const& tableName)
 // --- client data ---------------------------------------------------------------------------
 
 void UiWidget::addClientData(RCShdPtr<RCObject> const& data) {
-    if (data && std::find(_imp->_clientData.begin(), _imp->_clientData.end(), data) ==
-                    _imp->_clientData.end())
-        _imp->_clientData.push_back(data);
+    if (!data)
+        return;
+    auto& all = _imp->rare()._clientData;
+    if (std::find(all.begin(), all.end(), data) == all.end())
+        all.push_back(data);
 }
 
 void UiWidget::removeClientData(RCShdPtr<RCObject> const& data) {
-    std::erase(_imp->_clientData, data);
+    if (_imp->_rare)
+        std::erase(_imp->_rare->_clientData, data);
 }
 
 std::vector<RCShdPtr<RCObject>> const& UiWidget::getClientData() const {
-    return _imp->_clientData;
+    return _imp->rareOrNone()._clientData;
 }
 
 // --- drag and drop -------------------------------------------------------------------------
@@ -754,6 +760,9 @@ void UiWidget::setDndObject(RCShdPtr<UiDragAndDrop> const& dnd) {
 }
 
 RCShdPtr<UiDragAndDrop> const& UiWidget::getDndObject() const {
+    // Every widget has one; most never ask for it, so it is made when first asked for.
+    if (!_imp->_dnd)
+        _imp->_dnd = UiDragAndDrop::create();
     return _imp->_dnd;
 }
 

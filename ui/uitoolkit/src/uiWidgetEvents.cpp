@@ -62,7 +62,7 @@ void UiWidget::processEvent(EvEvent& event) {
 bool UiWidget::interceptDrag(EvEvent& event) {
     UiWidget* carrier = nullptr;
     for (UiWidget* w = this; w; w = w->getParent()) {
-        if (w->_imp->_dnd->isDragEnabled()) {
+        if (w->_imp->_dnd && w->_imp->_dnd->isDragEnabled()) {
             carrier = w;
             break;
         }

@@ -12,6 +12,11 @@
 
 namespace Zr {
 
+UiWidgetImp::Rare const& UiWidgetImp::rareOrNone() const {
+    static Rare const none;
+    return _rare ? *_rare : none;
+}
+
 UiWidgetImp::UiWidgetImp(UiWidget* widget) : _widget(widget) {}
 
 UiWidgetImp::~UiWidgetImp() {

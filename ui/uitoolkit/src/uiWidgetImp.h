@@ -97,15 +97,27 @@ public:
     bool _drawCollapsing = false;
     bool _hasConstraint = false;
     bool _tornDown = false;
-    UiConstraint _constraint;
-    // One per constraint edge, in the constraint's edge order (X1, Y1, X2, Y2).
-    std::array<RCBasePtr<UiWidget>, 4> _siblings;
-    RCShdPtr<WsCursor> _cursor;
     int _initPhase = 0;
-    std::vector<RCShdPtr<RCObject>> _clientData;
-    std::string _tooltipId;
-    std::string _defaultTooltip;
-    std::string _resTableName;
+    // What few widgets use, made on first use, so that a plain widget carries none of it: the
+    // constraint and its siblings (one per edge, X1, Y1, X2, Y2), client data, tooltip texts,
+    // the name of the table it was read from, and its own cursor.
+    struct Rare {
+        UiConstraint _constraint;
+        std::array<RCBasePtr<UiWidget>, 4> _siblings;
+        std::vector<RCShdPtr<RCObject>> _clientData;
+        std::string _tooltipId;
+        std::string _defaultTooltip;
+        std::string _resTableName;
+        RCShdPtr<WsCursor> _cursor;
+    };
+    Rare& rare() {
+        if (!_rare)
+            _rare = std::make_unique<Rare>();
+        return *_rare;
+    }
+    // For reading: an empty record stands in until one is made.
+    Rare const& rareOrNone() const;
+    UPtr<Rare> _rare;
     bool _tooltipEnabled = true;
 };
 

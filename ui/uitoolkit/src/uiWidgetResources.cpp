@@ -68,7 +68,7 @@ void UiWidget::resInit(UiResTable const* table) {
         setResource(resource);
     _imp->_initPhase = 4;
     if (table)
-        _imp->_resTableName = baseName(table->getResTableName());
+        _imp->rare()._resTableName = baseName(table->getResTableName());
 }
 
 void UiWidget::setResource(RCShdPtr<UiResource> const& resource) {
