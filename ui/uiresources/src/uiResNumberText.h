@@ -52,10 +52,6 @@ bool readNumber(std::istream& is, T& value) {
     return false;
 }
 
-} // namespace Zr
-
-namespace Zr {
-
 // Coordinates and sizes in resources lie within plus or minus this many pixels, so that a
 // corner plus a size, or a sum of two such, stays far inside an int.
 inline constexpr int MaxResourceCoordinate = 1000000;
