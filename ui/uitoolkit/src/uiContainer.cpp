@@ -190,6 +190,16 @@ void UiContainer::childrenOver(GeRectangle<int> const& rect, std::int64_t above,
         return;
     }
     GeRectangle<int> const canvas = getCanvas();
+    // A rectangle over much of the canvas meets most children anyway: the list, already in
+    // order, is then quicker than the grid's cells and a sort.
+    GeRectangle<int> const inside = rect.intersection({0, canvas.width(), 0, canvas.height()});
+    if (4LL * inside.width() * inside.height() >=
+        static_cast<long long>(canvas.width()) * canvas.height()) {
+        for (auto it = c._list.rbegin(); it != c._list.rend(); ++it)
+            if ((*it)->_imp->_stackKey > above)
+                out.push_back(it->get());
+        return;
+    }
     // Built at the first need, and again when the canvas changes size or the children have
     // grown fourfold since.
     if (!c._grid || !c._grid->isFor(canvas.width(), canvas.height()) ||
@@ -633,9 +643,17 @@ void UiContainer::expose(GeRectangle<int> const& clip, GePoint2<int> const& orig
     };
     for (int pass = 0; pass < 2 && !c._damaged.empty(); ++pass) {
         std::size_t const drawn = c._exposing.size();
-        c._exposing.insert(c._exposing.end(), c._damaged.begin(), c._damaged.end());
+        if (pass == 0 && 4 * c._damaged.size() > c._list.size()) {
+            // Most children have damage: the list gives them in order without a sort (the
+            // listed ones are those with damage).
+            for (auto const& child : c._list)
+                if (child->_imp->_damageListed)
+                    c._exposing.push_back(child.get());
+        } else {
+            c._exposing.insert(c._exposing.end(), c._damaged.begin(), c._damaged.end());
+            std::sort(c._exposing.begin() + drawn, c._exposing.end(), byStack);
+        }
         c._damaged.clear();
-        std::sort(c._exposing.begin() + drawn, c._exposing.end(), byStack);
         for (std::size_t i = drawn; i < c._exposing.size(); ++i)
             if (UiWidget* child = c._exposing[i])
                 child->expose(region, canvasOrigin);
