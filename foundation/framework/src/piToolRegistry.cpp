@@ -274,6 +274,12 @@ RCShdPtr<PiTool> PiToolRegistry::readToolFile(OsFilePath const& file) {
                 std::string const uiFile = entry.getAttribute("file");
                 if (uiFile.empty())
                     badEntry("no file");
+                // The interface lies beside the tool file or below it: a relative path may not
+                // climb out of its directory.
+                std::filesystem::path const relative =
+                    std::filesystem::path(uiFile).lexically_normal();
+                if (relative.is_relative() && !relative.empty() && *relative.begin() == "..")
+                    badEntry("the file \"" + uiFile + "\" leaves the tool file's directory");
                 OsFilePath path = file.getDirectoryName() + OsFilePath(uiFile);
                 tool->setUiFile(path);
                 std::error_code ec;

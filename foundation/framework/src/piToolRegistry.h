@@ -29,7 +29,8 @@ struct PiToolRegistryEx {
 // Input types: double, int, bool, string, structured; labels give an int input a menu
 // (PiTypedInputPolicy<int>), a string input a PiEnumPolicy and a bool input its two labels;
 // policy="shape2d" marks a 2D shape. Stored types: double, int32, int64, bool, string,
-// doubleArray. The UI file is relative to the tool file.
+// doubleArray. The UI file is relative to the tool file, and may not climb out of its
+// directory ("../x.xml" is a bad entry).
 //
 // Problems are reported with MsgWarning through MsgProtocol::display, naming the file and the
 // entry, and kept in getLoadErrors(): a bad entry is skipped and the rest of its tool loads; a

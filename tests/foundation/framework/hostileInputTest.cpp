@@ -2,10 +2,18 @@
 // values an integer or boolean input can't hold.
 #include "piExpression.h"
 #include "piGraph.h"
+#include "piTool.h"
+#include "piToolRegistry.h"
+
+#include "msgProtocol.h"
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 
 namespace Zr {
 namespace {
@@ -74,6 +82,30 @@ TEST(HostileInputs, ValuesAnInputCantHoldAreReported) {
         EXPECT_EQ(input->evaluate(0.0), row.value);
         EXPECT_EQ(input->getExpressionError(), row.error);
     }
+}
+
+// A tool's interface file lies beside the tool file or below it.
+TEST(HostileInputs, AnInterfacePathLeavingTheToolsDirectoryIsRefused) {
+    MsgProtocol::DisplayHandler const previous =
+        MsgProtocol::setDisplayHandler([](MsgBase const&) {});
+    std::filesystem::path const dir =
+        std::filesystem::temp_directory_path() / ("zrHostileTool" + std::to_string(::getpid()));
+    std::filesystem::create_directories(dir / "nodes");
+    std::ofstream(dir / "outside.xml") << "<ui/>";
+    std::ofstream(dir / "nodes/climb.xml")
+        << "<Tool name=\"Climb\" uuid=\"0123abcd-4567-89ab-cdef-0123456789ab\">\n<UserInterface "
+           "file=\"../outside.xml\"/>\n</Tool>\n";
+    PiToolRegistry registry;
+    RCShdPtr<PiTool> tool = registry.readToolFile(OsFilePath(dir / "nodes/climb.xml"));
+    ASSERT_TRUE(tool);
+    EXPECT_TRUE(tool->getUiFile().toString().empty());
+    ASSERT_EQ(registry.getLoadErrors().size(), 1u);
+    EXPECT_EQ(registry.getLoadErrors()[0],
+              "Tool file " + (dir / "nodes/climb.xml").string() +
+                  ", entry UserInterface (line 2): the file \"../outside.xml\" leaves the tool "
+                  "file's directory");
+    std::filesystem::remove_all(dir);
+    MsgProtocol::setDisplayHandler(previous);
 }
 
 } // namespace
