@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace Zr {
@@ -26,6 +27,11 @@ public:
     void setProcessed(bool p = true) { _processed = p; }
 
     virtual char const* getClassName() const { return "EvEvent"; }
+    // The families of pointer, key and window-system events this event belongs to, as bits:
+    // a dispatch tests them with evCast, a virtual call, where a dynamic_cast across the
+    // shared libraries would compare type names.
+    static constexpr unsigned Kinds = 0;
+    virtual unsigned getKinds() const { return Kinds; }
     virtual OPtr<EvEvent> clone() const { return std::make_unique<EvEvent>(*this); }
     // Writes the class name and the fields; read takes the fields back in the same order.
     virtual void dump(std::ostream& os) const;
@@ -37,8 +43,21 @@ private:
 
 // Gives an event class its name and a clone of its own type.
 #define ZR_EVENT_CLASS(Name)                                                                       \
-    char const* getClassName() const override { return #Name; }                                    \
-    ::Zr::OPtr<::Zr::EvEvent> clone() const override { return std::make_unique<Name>(*this); }
+    unsigned getKinds() const override {                                                           \
+        return Kinds;                                                                              \
+    }                                                                                              \
+    char const* getClassName() const override {                                                    \
+        return #Name;                                                                              \
+    }                                                                                              \
+    ::Zr::OPtr<::Zr::EvEvent> clone() const override {                                             \
+        return std::make_unique<Name>(*this);                                                      \
+    }
+
+// Gives an event family its own kind bit; evCast<Name> then recognises it and its subclasses.
+#define ZR_EVENT_KIND(Name, Base, Bit)                                                             \
+    using KindClass = Name;                                                                        \
+    static constexpr unsigned KindBit = Bit;                                                       \
+    static constexpr unsigned Kinds = Base::Kinds | Bit;
 
 class EvDefaultEvent : public EvEvent {
 public:
@@ -67,6 +86,7 @@ using WsWindowId = std::uintptr_t;
 class EvSystemInterfaceEvent : public EvEvent {
 public:
     ZR_EVENT_CLASS(EvSystemInterfaceEvent)
+    ZR_EVENT_KIND(EvSystemInterfaceEvent, EvEvent, 1u)
     WsWindowId getWindowId() const { return _windowId; }
     void setWindowId(WsWindowId id) { _windowId = id; }
     GePoint2<int> getOrigin() const { return _origin; }
@@ -84,6 +104,7 @@ private:
 class EvDeviceEvent : public EvSystemInterfaceEvent {
 public:
     ZR_EVENT_CLASS(EvDeviceEvent)
+    ZR_EVENT_KIND(EvDeviceEvent, EvSystemInterfaceEvent, 2u)
     GePoint2<int> getCoord() const { return _wcoord - (getOrigin() - GePoint2<int>()); }
     void setCoord(GePoint2<int> const& c) { _wcoord = c + (getOrigin() - GePoint2<int>()); }
     GePoint2<int> getWCoord() const { return _wcoord; }
@@ -101,6 +122,7 @@ private:
 class EvPointerEvent : public EvDeviceEvent {
 public:
     ZR_EVENT_CLASS(EvPointerEvent)
+    ZR_EVENT_KIND(EvPointerEvent, EvDeviceEvent, 4u)
     EvPointerState const& getPointerState() const { return _pointerState; }
     void setPointerState(EvPointerState const& s) { _pointerState = s; }
     float getPenPressure() const { return _penPressure; }
@@ -116,6 +138,7 @@ private:
 class EvPointerButtonEvent : public EvPointerEvent {
 public:
     ZR_EVENT_CLASS(EvPointerButtonEvent)
+    ZR_EVENT_KIND(EvPointerButtonEvent, EvPointerEvent, 8u)
     // Bit mask: 1 left, 2 middle, 4 right.
     unsigned getTriggerButton() const { return _triggerButton; }
     void setTriggerButton(unsigned b) { _triggerButton = b; }
@@ -132,11 +155,13 @@ private:
 class EvPointerButtonDownEvent : public EvPointerButtonEvent {
 public:
     ZR_EVENT_CLASS(EvPointerButtonDownEvent)
+    ZR_EVENT_KIND(EvPointerButtonDownEvent, EvPointerButtonEvent, 16u)
 };
 
 class EvPointerButtonUpEvent : public EvPointerButtonEvent {
 public:
     ZR_EVENT_CLASS(EvPointerButtonUpEvent)
+    ZR_EVENT_KIND(EvPointerButtonUpEvent, EvPointerButtonEvent, 32u)
     EvPointerButtonUpEvent() = default;
     // The release matching a press: same window, place, button and modifiers.
     explicit EvPointerButtonUpEvent(EvPointerButtonDownEvent const& down);
@@ -146,6 +171,7 @@ public:
 class EvPointerMoveEvent : public EvPointerEvent {
 public:
     ZR_EVENT_CLASS(EvPointerMoveEvent)
+    ZR_EVENT_KIND(EvPointerMoveEvent, EvPointerEvent, 64u)
     std::vector<GePoint2<int>> const& getCompressedCoords() const { return _compressedCoords; }
     std::vector<float> const& getCompressedPressures() const { return _compressedPressures; }
     void prependCompressedData(std::vector<GePoint2<int>> const& coords,
@@ -159,6 +185,7 @@ private:
 class EvPointerScrollEvent : public EvPointerEvent {
 public:
     ZR_EVENT_CLASS(EvPointerScrollEvent)
+    ZR_EVENT_KIND(EvPointerScrollEvent, EvPointerEvent, 128u)
     enum Direction : int { Up = 1, Down = 2, Left = 4, Right = 8 };
     // 1 and 2 vertical, 4 and 8 horizontal.
     int getScrollDirection() const { return _direction; }
@@ -171,11 +198,13 @@ private:
 class EvKeyboardEvent : public EvDeviceEvent {
 public:
     ZR_EVENT_CLASS(EvKeyboardEvent)
+    ZR_EVENT_KIND(EvKeyboardEvent, EvDeviceEvent, 256u)
 };
 
 class EvKeyEvent : public EvKeyboardEvent {
 public:
     ZR_EVENT_CLASS(EvKeyEvent)
+    ZR_EVENT_KIND(EvKeyEvent, EvKeyboardEvent, 512u)
     int getTriggerKey() const { return _triggerKey; }
     void setTriggerKey(int k) { _triggerKey = k; }
     void dump(std::ostream& os) const override;
@@ -188,17 +217,20 @@ private:
 class EvKeyPressEvent : public EvKeyEvent {
 public:
     ZR_EVENT_CLASS(EvKeyPressEvent)
+    ZR_EVENT_KIND(EvKeyPressEvent, EvKeyEvent, 1024u)
 };
 
 class EvKeyReleaseEvent : public EvKeyEvent {
 public:
     ZR_EVENT_CLASS(EvKeyReleaseEvent)
+    ZR_EVENT_KIND(EvKeyReleaseEvent, EvKeyEvent, 2048u)
 };
 
 // Text input: one character as a code point, with its UTF-8 form.
 class EvCharEvent : public EvKeyboardEvent {
 public:
     ZR_EVENT_CLASS(EvCharEvent)
+    ZR_EVENT_KIND(EvCharEvent, EvKeyboardEvent, 4096u)
     EvCharEvent() = default;
     explicit EvCharEvent(char32_t c) : _char(c) {}
     char32_t getChar() const { return _char; }
@@ -213,6 +245,7 @@ private:
 class EvHotkeyEvent : public EvKeyEvent {
 public:
     ZR_EVENT_CLASS(EvHotkeyEvent)
+    ZR_EVENT_KIND(EvHotkeyEvent, EvKeyEvent, 8192u)
     EvHotkeyEvent() = default;
     EvHotkeyEvent(EvKeyboardEvent const& from, int entry);
     int getEntry() const { return _entry; }
@@ -279,5 +312,21 @@ private:
     std::string _text;
     GeRectangle<int> _region;
 };
+
+// The event as T if it belongs to T's family (T or a subclass), else null: dynamic_cast for the
+// families that carry a kind bit.
+template <class T>
+T* evCast(EvEvent* e) {
+    static_assert(std::is_same_v<typename T::KindClass, T>, "evCast needs a family with a kind");
+    return e && (e->getKinds() & T::KindBit) ? static_cast<T*>(e) : nullptr;
+}
+template <class T>
+T* evCast(EvEvent& e) {
+    return evCast<T>(&e);
+}
+template <class T>
+T const* evCast(EvEvent const& e) {
+    return evCast<T>(const_cast<EvEvent*>(&e));
+}
 
 } // namespace Zr

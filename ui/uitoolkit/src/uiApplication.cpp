@@ -208,14 +208,14 @@ OPtr<EvEvent> UiApplication::getNextEvent(DtTimeIndex const& until) {
         return std::move(_pendingEvent);
     WsEventQ& queue = WsEventQ::getInstance();
     OPtr<EvEvent> held = queue.getNextEvent(until);
-    if (!held || !_moveCompression || !dynamic_cast<EvPointerMoveEvent*>(held.get()))
+    if (!held || !_moveCompression || !evCast<EvPointerMoveEvent>(held.get()))
         return held;
     // A later move replaces the held one; the first other event waits for the next call.
     while (!queue.isEmptyBefore(DtTimeIndex(0))) {
         OPtr<EvEvent> next = queue.getNextEvent(DtTimeIndex(0));
         if (!next)
             break;
-        if (dynamic_cast<EvPointerMoveEvent*>(next.get())) {
+        if (evCast<EvPointerMoveEvent>(next.get())) {
             held = std::move(next);
             continue;
         }
@@ -227,7 +227,7 @@ OPtr<EvEvent> UiApplication::getNextEvent(DtTimeIndex const& until) {
 
 void UiApplication::compressPointerMoves(std::deque<OPtr<EvEvent>>& events) {
     auto isMove = [](OPtr<EvEvent> const& e) {
-        return dynamic_cast<EvPointerMoveEvent*>(e.get()) != nullptr;
+        return evCast<EvPointerMoveEvent>(e.get()) != nullptr;
     };
     auto it = events.begin();
     while (it != events.end()) {
@@ -265,7 +265,7 @@ void UiApplication::compressPointerMoves(std::deque<OPtr<EvEvent>>& events) {
 // --- dispatch -------------------------------------------------------------------------------
 
 void UiApplication::dispatch(EvEvent& event, bool volatile* exitApp) {
-    auto* sysEvent = dynamic_cast<EvSystemInterfaceEvent*>(&event);
+    auto* sysEvent = evCast<EvSystemInterfaceEvent>(event);
     if (sysEvent) {
         if (UiWindow* window = getWindowRef(sysEvent->getWindowId()))
             _currentWindow = window;
@@ -305,7 +305,7 @@ void UiApplication::dispatch(EvEvent& event, bool volatile* exitApp) {
         return;
     }
 
-    if (auto* key = dynamic_cast<EvKeyEvent*>(&event)) {
+    if (auto* key = evCast<EvKeyEvent>(event)) {
         UiHotkeyRegistry::getInstance().processEvent(*key);
         if (event.isProcessed()) {
             ++_processedEvents;
@@ -321,12 +321,12 @@ void UiApplication::dispatch(EvEvent& event, bool volatile* exitApp) {
 bool UiApplication::filterButtons(EvEvent& event) {
     // The button that started the gesture now in progress; 0 when no button is held.
     static unsigned pressedButton = 0;
-    if (auto* down = dynamic_cast<EvPointerButtonDownEvent*>(&event)) {
+    if (auto* down = evCast<EvPointerButtonDownEvent>(event)) {
         if (!_allowDoubleDown &&
             (pressedButton != 0 || down->getPointerState().getNumberOfButtonsEnabled() != 1))
             return false;
         pressedButton = down->getTriggerButton();
-    } else if (auto* up = dynamic_cast<EvPointerButtonUpEvent*>(&event)) {
+    } else if (auto* up = evCast<EvPointerButtonUpEvent>(event)) {
         if (!_allowDoubleDown &&
             (up->getPointerState().getNumberOfButtonsEnabled() != 0 || pressedButton == 0))
             return false;
@@ -386,10 +386,10 @@ void UiApplication::registerTooltipAlarm() {
 }
 
 void UiApplication::handleTooltip(EvEvent& event) {
-    auto* move = dynamic_cast<EvPointerMoveEvent*>(&event);
+    auto* move = evCast<EvPointerMoveEvent>(event);
     if (!move) {
         if (_tooltipAlarmRegistered &&
-            (_tooltipAlarm->hasOccurred() || dynamic_cast<EvDeviceEvent*>(&event) ||
+            (_tooltipAlarm->hasOccurred() || evCast<EvDeviceEvent>(event) ||
              dynamic_cast<EvFocusInEvent*>(&event) || dynamic_cast<EvFocusOutEvent*>(&event)))
             hideTooltip();
         return;

@@ -12,7 +12,7 @@ bool UiGestureDrag::isHeld(EvPointerEvent const& event) const {
 }
 
 void UiGestureDrag::call(EvEvent& event) {
-    if (auto* down = dynamic_cast<EvPointerButtonDownEvent*>(&event)) {
+    if (auto* down = evCast<EvPointerButtonDownEvent>(event)) {
         if (!isHeld(*down))
             return;
         if (_threshold <= 0) {
@@ -26,7 +26,7 @@ void UiGestureDrag::call(EvEvent& event) {
         _pressed = true;
         return;
     }
-    if (auto* move = dynamic_cast<EvPointerMoveEvent*>(&event)) {
+    if (auto* move = evCast<EvPointerMoveEvent>(event)) {
         if (!_pressed)
             return;
         if (!isHeld(*move)) {
@@ -41,7 +41,7 @@ void UiGestureDrag::call(EvEvent& event) {
         }
         return;
     }
-    if (dynamic_cast<EvPointerButtonUpEvent*>(&event))
+    if (evCast<EvPointerButtonUpEvent>(event))
         _pressed = false;
 }
 
@@ -55,7 +55,7 @@ OPtr<UiGestureRecogniser> UiGestureDrag::createSimilar() const {
 }
 
 void UiGestureDrop::call(EvEvent& event) {
-    if (dynamic_cast<EvPointerButtonUpEvent*>(&event))
+    if (evCast<EvPointerButtonUpEvent>(event))
         setGestureRecognised();
 }
 

@@ -80,9 +80,9 @@ void UiTopLevel::processEvent(EvEvent& event) {
     _imp._mainHandlers.call(event);
     if (event.isProcessed())
         return;
-    if (auto* pointer = dynamic_cast<EvPointerEvent*>(&event))
+    if (auto* pointer = evCast<EvPointerEvent>(event))
         pointerEvent(*pointer);
-    else if (auto* keyboard = dynamic_cast<EvKeyboardEvent*>(&event))
+    else if (auto* keyboard = evCast<EvKeyboardEvent>(event))
         keyboardEvent(*keyboard);
     else if (auto* configure = dynamic_cast<WsConfigureEvent*>(&event))
         UiContainer::setRect(configure->getWindowRegion(), true);
@@ -113,7 +113,7 @@ void UiTopLevel::pointerEvent(EvPointerEvent& event) {
         return;
     focus.updateFocus(widget);
     UiWidget* target = focus.getFocus();
-    if (auto* move = dynamic_cast<EvPointerMoveEvent*>(&event))
+    if (auto* move = evCast<EvPointerMoveEvent>(event))
         if (feedPressedWidget(*move, target))
             return;
     if (target && target != this) {

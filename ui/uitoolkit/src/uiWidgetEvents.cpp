@@ -74,8 +74,7 @@ bool UiWidget::interceptDrag(EvEvent& event) {
     bool pickAndStick = dnd->willPickAndStick();
     if (pickAndStick) {
         // Only a press picks; everything else goes on while nothing is picked.
-        if (UiDragAndDrop::isPickAndStickActive() ||
-            !dynamic_cast<EvPointerButtonDownEvent*>(&event))
+        if (UiDragAndDrop::isPickAndStickActive() || !evCast<EvPointerButtonDownEvent>(event))
             return false;
     } else {
         UiGestureRecogniser* recogniser = carrier->_imp->_dragRecogniser.get();
@@ -104,18 +103,29 @@ bool UiWidget::interceptDrag(EvEvent& event) {
 }
 
 void UiWidget::dispatchEvent(EvEvent& event) {
-    if (auto* e = dynamic_cast<EvPointerMoveEvent*>(&event)) {
-        mmove(*e);
-    } else if (dynamic_cast<WsExposeEvent*>(&event)) {
+    // Pointer and key events, the frequent ones, are told apart by their kind bits; the
+    // families are disjoint, so the order of the tests is free.
+    if (evCast<EvDeviceEvent>(event)) {
+        if (auto* e = evCast<EvPointerMoveEvent>(event))
+            mmove(*e);
+        else if (auto* up = evCast<EvPointerButtonUpEvent>(event))
+            disarm(*up);
+        else if (auto* down = evCast<EvPointerButtonDownEvent>(event))
+            arm(*down);
+        else if (auto* sc = evCast<EvPointerScrollEvent>(event))
+            scroll(*sc);
+        else if (auto* hk = evCast<EvHotkeyEvent>(event))
+            hotkey(*hk);
+        else if (auto* kp = evCast<EvKeyPressEvent>(event))
+            keyPress(*kp);
+        else if (auto* kr = evCast<EvKeyReleaseEvent>(event))
+            keyRelease(*kr);
+        else if (auto* ch = evCast<EvCharEvent>(event))
+            inputChar(*ch);
+        return;
+    }
+    if (dynamic_cast<WsExposeEvent*>(&event)) {
         ZR_ABORT("WsExposeEvent delivered to a widget: exposes go to windows only");
-    } else if (auto* up = dynamic_cast<EvPointerButtonUpEvent*>(&event)) {
-        disarm(*up);
-    } else if (auto* down = dynamic_cast<EvPointerButtonDownEvent*>(&event)) {
-        arm(*down);
-    } else if (auto* sc = dynamic_cast<EvPointerScrollEvent*>(&event)) {
-        scroll(*sc);
-    } else if (auto* hk = dynamic_cast<EvHotkeyEvent*>(&event)) {
-        hotkey(*hk);
     } else if (auto* ga = dynamic_cast<EvGrabAcquiredEvent*>(&event)) {
         grabAcquired(*ga);
     } else if (auto* gl = dynamic_cast<EvGrabLostEvent*>(&event)) {
@@ -128,12 +138,6 @@ void UiWidget::dispatchEvent(EvEvent& event) {
         kbdFocusIn(*kfi);
     } else if (auto* kfo = dynamic_cast<EvKbdFocusOutEvent*>(&event)) {
         kbdFocusOut(*kfo);
-    } else if (auto* kp = dynamic_cast<EvKeyPressEvent*>(&event)) {
-        keyPress(*kp);
-    } else if (auto* kr = dynamic_cast<EvKeyReleaseEvent*>(&event)) {
-        keyRelease(*kr);
-    } else if (auto* ch = dynamic_cast<EvCharEvent*>(&event)) {
-        inputChar(*ch);
     }
 }
 
