@@ -22,7 +22,6 @@ class UiGroup;
 
 class UiContainer : public UiWidget {
 public:
-    bool setMap(bool map, bool checkParent) override;
     // The children in stacking order, bottom first, and the widget kept on top. The list is
     // changed only through addChild, removeChild and the restacking operations: the indexes
     // below follow it.
@@ -133,6 +132,7 @@ public:
     RCShdPtr<PiWidget> const& getInterface() const { return _interface; }
 
     // Overrides of UiWidget.
+    bool setMap(bool map, bool checkParent) override;
     UiWidget* findWidgetAt(GePoint2<int> const& p) override;
     void expose(GeRectangle<int> const& clip, GePoint2<int> const& origin) override;
     void acceptVisitor(UiWidgetVisitor& visitor) override;

@@ -20,7 +20,6 @@ class UiWindowImp;
 
 class UiWindow : public UiContainer {
 public:
-    bool setMap(bool map, bool checkParent) override;
     static RCShdPtr<UiWindow> create(UiContainer* parent, LiString const& name,
                                      UiResTable const* table, WsWindowStyle const& style,
                                      unsigned flags = 0);
@@ -61,6 +60,7 @@ public:
     // Steps the stencil overdraw view 0 -> 1 -> 2 -> 0, as the hotkey "Toggle Stencil Mode" does.
     void toggleStencilMode();
 
+    bool setMap(bool map, bool checkParent) override;
     UiWidget* findWidgetAt(GePoint2<int> const& p) override;
     void processEvent(EvEvent& event) override;
     void expose(GeRectangle<int> const& clip, GePoint2<int> const& origin) override;
