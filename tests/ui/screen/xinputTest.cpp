@@ -155,7 +155,18 @@ protected:
 
 using XInputFocus = XInputFixture;
 using XInputDragAndDrop = XInputFixture;
-using XInputDesktop = XInputFixture;
+// A second top level beside the fixture's, shown and settled.
+class XInputDesktop : public XInputFixture {
+protected:
+    RCShdPtr<UiTopLevel> openSecond(char const* title, bool main) {
+        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({500, 700, 100, 300});
+        style.setMainWindow(main);
+        RCShdPtr<UiTopLevel> window = UiTopLevel::create(title, nullptr, style);
+        window->show();
+        pumpFor(100);
+        return window;
+    }
+};
 
 // A source that gives "carried" to drags and a target that takes drops, both in the root.
 struct DragPair {
@@ -279,11 +290,7 @@ TEST_F(XInputDragAndDrop, EscapeFromTheKeyboardCancelsTheDrag) {
 // asked (this one refuses, so that the test's process goes on).
 TEST_F(XInputDesktop, TheCloseButtonOfTheMainWindowAsksToQuit) {
     UiApplication& app = UiApplication::getInstance();
-    WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({500, 700, 100, 300});
-    style.setMainWindow(true);
-    RCShdPtr<UiTopLevel> main = UiTopLevel::create("main", nullptr, style);
-    main->show();
-    pumpFor(100);
+    RCShdPtr<UiTopLevel> main = openSecond("main", true);
     struct Refuse : UiApplication::ExitHandler {
         int asked = 0;
         bool canExit() override { return ++asked, false; }
@@ -300,11 +307,7 @@ TEST_F(XInputDesktop, TheCloseButtonOfTheMainWindowAsksToQuit) {
 // window is closed as if its close button had been pressed, and the others go on.
 TEST_F(XInputDesktop, AWindowDestroyedUnderTheProgramIsClosed) {
     UiApplication& app = UiApplication::getInstance();
-    WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({500, 700, 100, 300});
-    style.setMainWindow(false);
-    RCShdPtr<UiTopLevel> doomed = UiTopLevel::create("doomed", nullptr, style);
-    doomed->show();
-    pumpFor(100);
+    RCShdPtr<UiTopLevel> doomed = openSecond("doomed", false);
     int closes = 0;
     CbFunction<EvEvent> onClose([&](EvEvent&) { ++closes; });
     app.addWindowCloseHandler(&onClose);
