@@ -35,7 +35,8 @@ TEST(RCShdPtrTest, CountsFollowCopiesMovesSelfAssignmentAndResets) {
     RCShdPtr<Shape> c = std::move(b);
     EXPECT_TRUE(b.isNull());
     EXPECT_EQ(a->getReferenceCount(), 2);
-    c = c;
+    RCShdPtr<Shape>& alsoC = c; // through a reference, as self-assignment happens in real code
+    c = alsoC;
     a = a.get(); // re-assigning the same raw pointer keeps the object too
     EXPECT_EQ(a->getReferenceCount(), 2);
     a.reset();

@@ -70,7 +70,7 @@ TEST(RCWeakPtrTest, AccessorPinsTheTargetForItsSpanAndUnownedObjectsAreExpired) 
     EXPECT_EQ(deaths, 1);
     RCWeakAccessor<Tracked> late(weak);
     EXPECT_FALSE(late.isValid());
-    EXPECT_THROW(late->value, ExNullPtr);
+    EXPECT_THROW((void)late->value, ExNullPtr);
 
     // A weak pointer to an object no one owns yet is expired.
     Tracked* raw = new Tracked(&deaths);

@@ -38,8 +38,8 @@ TEST(XmlDocumentTest, SyntaxErrorNamesDocumentLineAndColumn) {
         {"<a>\nabc<<\n</a>", "c.xml", "c.xml:2:", ""}, // columns count from the line start
     };
     for (auto const& [text, name, start, word] : rows) {
-        std::string reason =
-            TestSupport::reasonOf<XmlEx::ExSyntaxError>([&] { XmlDocument doc(text, name); });
+        std::string reason = TestSupport::reasonOf<XmlEx::ExSyntaxError>(
+            [text = text, name = name] { XmlDocument doc(text, name); });
         EXPECT_EQ(0u, reason.rfind(start, 0)) << reason;
         EXPECT_NE(std::string::npos, reason.find(word)) << reason;
     }

@@ -17,8 +17,8 @@ namespace Zr::test {
 inline std::string const& inputTestToolName() {
     static std::string const name = [] {
         auto tool = makeShared<PiTool>("InputTestTool", Uuid::generate());
-        auto declare = [&tool](std::string name, PiInput::Type type, double min, double max,
-                               double def) {
+        auto declare = [](std::string name, PiInput::Type type, double min, double max,
+                          double def) {
             PiTool::InputDeclaration d;
             d.name = std::move(name);
             d.type = type;
