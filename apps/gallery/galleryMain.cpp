@@ -227,7 +227,7 @@ private:
             statusWidget->markForUpdate();
         });
         _onCancel = std::make_unique<CbFunction<EvEvent>>(
-            [this](EvEvent&) { UiApplication::getInstance().exitLoop(); });
+            [](EvEvent&) { UiApplication::getInstance().exitLoop(); });
         _ok->addActivateCb(_onOk.get());
         _cancel->addActivateCb(_onCancel.get());
     }
