@@ -1,5 +1,5 @@
-// Helpers the test binaries share: capturing what a call prints, temporary files, and waiting
-// for another thread.
+// Helpers the test binaries share: capturing what a call prints, temporary files, environment
+// variables for a scope, and waiting for another thread.
 #pragma once
 
 #include "osFile.h"
@@ -8,8 +8,10 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -33,6 +35,20 @@ struct TempFile {
     TempFile(TempFile const&) = delete;
     TempFile& operator=(TempFile const&) = delete;
     OsFilePath path;
+};
+
+// Sets (or with null unsets) an environment variable for the scope, restoring what was there.
+struct EnvScope {
+    EnvScope(char const* name, char const* value) : name(name) {
+        if (char const* old = std::getenv(name))
+            saved = old;
+        value ? ::setenv(name, value, 1) : ::unsetenv(name);
+    }
+    ~EnvScope() { saved ? ::setenv(name, saved->c_str(), 1) : ::unsetenv(name); }
+    EnvScope(EnvScope const&) = delete;
+    EnvScope& operator=(EnvScope const&) = delete;
+    char const* name;
+    std::optional<std::string> saved;
 };
 
 // Polls until `done` holds or a generous limit passes: tests of threads wait, they never time.

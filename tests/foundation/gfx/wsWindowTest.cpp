@@ -1,5 +1,6 @@
 // Windows without a window system: creation and look-up by id, the headless window's
 // callbacks and counters, window styles, and the small services next to windows.
+#include "support/testSupport.h"
 #include "wsClipboard.h"
 #include "wsCursorRegistry.h"
 #include "wsDrawable.h"
@@ -228,16 +229,9 @@ TEST(WsWindowTest, HeadlessServices) {
     EXPECT_EQ("node1", WsClipboard::getInstance().getText());
     EXPECT_TRUE(WsClipboard::getInstance().hasText());
 
-    char const* saved = std::getenv("ZR_NO_GRAPHICS");
-    std::string keep = saved ? saved : "";
-    setenv("ZR_NO_GRAPHICS", "1", 1);
-    EXPECT_TRUE(WsTestGfx::isNoGraphicsRequested());
-    setenv("ZR_NO_GRAPHICS", "0", 1);
-    EXPECT_FALSE(WsTestGfx::isNoGraphicsRequested());
-    setenv("ZR_NO_GRAPHICS", "", 1);
-    EXPECT_FALSE(WsTestGfx::isNoGraphicsRequested());
-    unsetenv("ZR_NO_GRAPHICS");
-    EXPECT_FALSE(WsTestGfx::isNoGraphicsRequested());
-    if (saved)
-        setenv("ZR_NO_GRAPHICS", keep.c_str(), 1);
+    for (char const* value : {"1", "0", "", static_cast<char const*>(nullptr)}) {
+        TestSupport::EnvScope noGraphics("ZR_NO_GRAPHICS", value);
+        EXPECT_EQ(WsTestGfx::isNoGraphicsRequested(), value && value == std::string("1"))
+            << (value ? value : "unset");
+    }
 }
