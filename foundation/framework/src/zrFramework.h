@@ -52,6 +52,7 @@
 #include "piSnItem.h"
 #include "piSocketUtil.h"
 #include "piStructuredInput.h"
+#include "piTextField.h"
 #include "piTimePath.h"
 #include "piTool.h"
 #include "piToolController.h"

@@ -16,6 +16,7 @@
 #include "uiPushedToggle.h"
 #include "uiPushedToggleIcon.h"
 #include "uiResTable.h"
+#include "uiTextField.h"
 #include "uiToggleButton.h"
 #include "uiTransparentLabel.h"
 #include "uiWidget.h"
@@ -77,6 +78,7 @@ void registerStandardWidgetFactories() {
     registerSimpleFactory<UiPushedToggle>("PushedToggle");
     registerSimpleFactory<UiPushButtonIcon>("PushButtonIcon");
     registerSimpleFactory<UiPushedToggleIcon>("PushedToggleIcon");
+    registerSimpleFactory<UiTextField>("TextField");
 }
 
 } // namespace
