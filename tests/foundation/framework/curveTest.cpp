@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,15 @@ TmTimeCurve threeKeys(Interp interpolation) {
     c.setKey(TmKeyframe(2.0, 20.0, interpolation));
     c.setKey(TmKeyframe(4.0, 0.0, interpolation));
     return c;
+}
+
+// The keys as "time=value" with C, L or S for the interpolation, in order.
+std::string keys(TmTimeCurve const& c) {
+    std::ostringstream os;
+    for (TmKeyframe const& k : c.getKeys())
+        os << (os.tellp() > 0 ? " " : "") << k.getTime() << "=" << k.getValue()
+           << "CLS"[int(k.getInterpolation())];
+    return os.str();
 }
 
 } // namespace
@@ -98,21 +108,13 @@ TEST(CurveKeys, SetKeyKeepsOrderAndReplacesAtTheSameTime) {
     c.setKey(3.0, 30.0);
     c.setKey(1.0, 10.0);
     c.setKey(2.0, 20.0);
-    ASSERT_EQ(c.getNbKeys(), 3);
-    EXPECT_EQ(c.getKey(0).getTime(), 1.0);
-    EXPECT_EQ(c.getKey(1).getTime(), 2.0);
-    EXPECT_EQ(c.getKey(2).getTime(), 3.0);
-    EXPECT_EQ(c.getKey(0).getInterpolation(), Interp::Smooth);
-
+    EXPECT_EQ(keys(c), "1=10S 2=20S 3=30S");
     // The same time (within the tolerance): one key, new value and interpolation.
     c.setKey(TmKeyframe(2.0 + 1e-12, 25.0, Interp::Constant));
-    ASSERT_EQ(c.getNbKeys(), 3);
-    EXPECT_EQ(c.getKey(1).getValue(), 25.0);
-    EXPECT_EQ(c.getKey(1).getInterpolation(), Interp::Constant);
+    EXPECT_EQ(keys(c), "1=10S 2=25C 3=30S");
     // Setting only a value keeps the key's interpolation.
     c.setKey(2.0, 26.0);
-    EXPECT_EQ(c.getKey(1).getValue(), 26.0);
-    EXPECT_EQ(c.getKey(1).getInterpolation(), Interp::Constant);
+    EXPECT_EQ(keys(c), "1=10S 2=26C 3=30S");
     EXPECT_THROW(c.getKey(3), std::out_of_range);
 
     // Times that are not numbers have no place among the keys.
@@ -189,15 +191,9 @@ TEST(CurveEditable, AddKeyUsesTheDefaultInterpolationAndGivesTheIndex) {
     EXPECT_EQ(c.addKey(3.0, 30.0), 2);
     EXPECT_EQ(c.addKey(1.5, 15.0), 1);
     EXPECT_EQ(c.addKey(2.0, 21.0), 2);
-    ASSERT_EQ(c.getNbKeys(), 4);
-    EXPECT_EQ(c.getKey(0).getInterpolation(), Interp::Smooth);
-    EXPECT_EQ(c.getKey(2).getInterpolation(), Interp::Linear);
-    EXPECT_EQ(c.getKey(2).getValue(), 21.0);
-
+    EXPECT_EQ(keys(c), "1=10S 1.5=15L 2=21L 3=30L");
     c.setInterpolation(Interp::Constant);
-    for (auto const& k : c.getKeys())
-        EXPECT_EQ(k.getInterpolation(), Interp::Constant);
-    EXPECT_EQ(c.getNbKeys(), 4);
+    EXPECT_EQ(keys(c), "1=10C 1.5=15C 2=21C 3=30C");
     EXPECT_EQ(c.evaluate(2.5), 21.0);
 }
 
@@ -226,16 +222,6 @@ std::vector<double> sample(TcTimeCurve& c, int count, double end, double (*f)(do
 }
 
 } // namespace
-
-TEST(CurveSimplify, ALineKeepsItsEndKeys) {
-    TcTimeCurve c;
-    auto times = sample(c, 100, 4.0, [](double t) { return 3.0 * t - 1.0; });
-    EXPECT_EQ(TcTimeCurveUtils::simplify(c, times, 0.001, 0.001), 98);
-    ASSERT_EQ(c.getNbKeys(), 2);
-    EXPECT_EQ(c.getKey(0).getTime(), 0.0);
-    EXPECT_EQ(c.getKey(1).getTime(), 4.0);
-    EXPECT_NEAR(c.evaluate(1.234), 3.0 * 1.234 - 1.0, 1e-9);
-}
 
 TEST(CurveSimplify, ASineStaysWithinTheTolerance) {
     for (double tolerance : {0.1, 0.01, 0.001}) {
@@ -287,9 +273,7 @@ TEST(CurveSimplify, ALongLineCollapsesToItsEndKeys) {
     TcTimeCurve c;
     auto times = sample(c, 100000, 4000.0, [](double t) { return 0.5 - 2.0 * t; });
     EXPECT_EQ(TcTimeCurveUtils::simplify(c, times, 0.001, 0.001), 99998);
-    ASSERT_EQ(c.getNbKeys(), 2);
-    EXPECT_EQ(c.getKey(0).getTime(), 0.0);
-    EXPECT_EQ(c.getKey(1).getTime(), 4000.0);
+    EXPECT_EQ(keys(c), "0=0.5S 4000=-7999.5S");
     EXPECT_NEAR(c.evaluate(1234.5), 0.5 - 2.0 * 1234.5, 1e-6);
 
     // A key that is not a candidate stays, and the line collapses on either side of it.
@@ -297,8 +281,7 @@ TEST(CurveSimplify, ALongLineCollapsesToItsEndKeys) {
     times = sample(d, 1001, 10.0, [](double t) { return t; });
     times.erase(times.begin() + 300);
     EXPECT_EQ(TcTimeCurveUtils::simplify(d, times, 0.001, 0.001), 998);
-    ASSERT_EQ(d.getNbKeys(), 3);
-    EXPECT_EQ(d.getKey(1).getTime(), 3.0);
+    EXPECT_EQ(keys(d), "0=0L 3=3L 10=10L");
 }
 
 namespace {
