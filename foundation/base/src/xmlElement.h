@@ -78,6 +78,12 @@ public:
     XmlElement getElementByTagName(XmlName tag) const;
     // The direct children with this tag.
     std::vector<XmlElement> getElementsByTagName(XmlName tag) const;
+    // Calls `visit` with each direct child with this tag, in order, without making a list.
+    template <class Visit>
+    void forEachElementByTagName(XmlName tag, Visit const& visit) const {
+        for (pugi::xml_node c = _node.child(tag.c_str()); c; c = c.next_sibling(tag.c_str()))
+            visit(child(c));
+    }
     // Every descendant with this tag, in document order (the element itself excluded).
     std::vector<XmlElement> getAllElementsByTagName(XmlName tag) const;
     XmlElement getParent() const;
@@ -91,6 +97,8 @@ public:
     std::string getDocumentName() const;
 
     pugi::xml_node getNode() const { return _node; }
+    // What gives line numbers to elements of this document; null when none does.
+    XmlSource const* getSource() const { return _source; }
     friend bool operator==(XmlElement const& a, XmlElement const& b) { return a._node == b._node; }
 
 private:

@@ -25,7 +25,7 @@ bool needsSibling(int target) {
     return target == UiConstraint::TargetSibling || target == UiConstraint::TargetSiblingOpposite;
 }
 
-bool parseType(std::string const& kw, UiConstraint::Type& type) {
+bool parseType(std::string_view kw, UiConstraint::Type& type) {
     if (kw == "p")
         type = UiConstraint::TypePixel;
     else if (kw == "%")
@@ -40,7 +40,7 @@ bool parseType(std::string const& kw, UiConstraint::Type& type) {
 }
 
 // Either keyword of a pair is accepted on either axis.
-bool parseTarget(std::string const& kw, UiConstraint::Target& target) {
+bool parseTarget(std::string_view kw, UiConstraint::Target& target) {
     if (kw == "l" || kw == "b")
         target = UiConstraint::TargetLow;
     else if (kw == "r" || kw == "t")
@@ -356,32 +356,34 @@ void UiConstraint::dump(std::ostream& os) const {
 }
 
 void UiConstraint::read(XmlElement const& element) {
+    static std::string const edgeWhat[4] = {
+        std::string("edge ") + EdgeNames[0], std::string("edge ") + EdgeNames[1],
+        std::string("edge ") + EdgeNames[2], std::string("edge ") + EdgeNames[3]};
     UiConstraint c;
     for (int i = 0; i < 4; ++i) {
-        XmlElement edge = element.getElementByTagName(EdgeNames[i]);
-        if (edge.isNull())
+        pugi::xml_node const edge = element.getNode().child(EdgeNames[i]);
+        pugi::xml_attribute const valueText = edge.attribute("Value");
+        pugi::xml_attribute const typeText = edge.attribute("Type");
+        pugi::xml_attribute const targetText = edge.attribute("Target");
+        if (!valueText || !typeText || !targetText)
             throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, element);
-        if (!edge.hasAttribute("Value") || !edge.hasAttribute("Type") ||
-            !edge.hasAttribute("Target"))
-            throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, element);
-        float const value = parseWholeNumber<float>(edge.getAttribute("Value"),
-                                                    std::string("edge ") + EdgeNames[i]);
-        std::string typeText = edge.getAttribute("Type");
-        std::string targetText = edge.getAttribute("Target");
-        if (!parseType(typeText, c.type[i]))
-            throw UiResourceEx::UiConstraintEx::ExUnknownType(__FILE__, __LINE__, typeText);
-        if (!parseTarget(targetText, c.target[i]))
-            throw UiResourceEx::UiConstraintEx::ExUnknownTarget(__FILE__, __LINE__, targetText);
+        float const value = parseWholeNumber<float>(valueText.value(), edgeWhat[i]);
+        if (!parseType(typeText.value(), c.type[i]))
+            throw UiResourceEx::UiConstraintEx::ExUnknownType(__FILE__, __LINE__, typeText.value());
+        if (!parseTarget(targetText.value(), c.target[i]))
+            throw UiResourceEx::UiConstraintEx::ExUnknownTarget(__FILE__, __LINE__,
+                                                                targetText.value());
         if (needsSibling(c.target[i])) {
-            if (!edge.hasAttribute("Sibling"))
+            pugi::xml_attribute const sibling = edge.attribute("Sibling");
+            if (!sibling)
                 throw UiResourceEx::ExIncompleteResource(__FILE__, __LINE__, element);
-            c.sibling[i] = edge.getAttribute("Sibling");
+            c.sibling[i] = sibling.value();
         }
         c.valueRef(i) = value;
     }
     c.checkDimensions();
     c.initialized = true;
-    *this = c;
+    *this = std::move(c);
 }
 
 void UiConstraint::read(std::istream& is) {

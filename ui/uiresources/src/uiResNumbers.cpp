@@ -18,7 +18,7 @@ namespace {
 template <class T>
 void readValues(std::vector<T>& values, XmlElement const& element, char const* tag) {
     values.clear();
-    for (XmlElement const& child : element.getElementsByTagName(tag)) {
+    element.forEachElementByTagName(tag, [&](XmlElement const& child) {
         T value{};
         if (!child.getData(value)) {
             std::string text = child.getDataMB();
@@ -29,7 +29,7 @@ void readValues(std::vector<T>& values, XmlElement const& element, char const* t
             value = parseWholeNumber<T>(text, tag); // reports the text that is no number
         }
         values.push_back(value);
-    }
+    });
 }
 
 // Every word up to the end must be a number: "12abc" is reported, not taken as nothing.

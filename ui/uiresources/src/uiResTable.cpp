@@ -23,6 +23,7 @@
 #include <pugixml.hpp>
 
 #include <cctype>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -64,9 +65,10 @@ std::string placeOf(char const* file, XmlElement const& element) {
 
 // Runs `read` for one resource of a widget: whatever goes wrong (a bad value, an unreadable
 // icon, an image too large for memory) is reported for that resource alone, and the reading
-// of the table goes on.
-template <class Read>
-void readOneResource(char const* file, std::string const& place, std::string const& resource,
+// of the table goes on. The place is worked out only for a report: finding an element's line
+// costs more than reading most resources.
+template <class Place, class Read>
+void readOneResource(char const* file, Place const& place, std::string const& resource,
                      std::string const& widget, Read const& read) {
     std::string reason;
     try {
@@ -80,7 +82,7 @@ void readOneResource(char const* file, std::string const& place, std::string con
         reason = ex.what();
     }
     reportResourceError(file, "Error in resource '" + resource + "' for widget '" + widget +
-                                  "' (in " + place + "):\n" + reason);
+                                  "' (in " + place() + "):\n" + reason);
 }
 
 // The first child that is an element (text and comments do not count); empty if none.
@@ -252,12 +254,40 @@ void UiResTable::readTable(LiString const& xml, UiResource::Level level) {
 }
 
 void UiResTable::readRoot(XmlElement const& root, UiResource::Level level, char const* file) {
-    for (XmlElement const& font : root.getAllElementsByTagName("FontDefinition"))
-        readFontCatchErrors(font, file);
-    for (XmlElement const& color : root.getAllElementsByTagName("ColorDefinition"))
-        readColorCatchErrors(color, file);
-    for (XmlElement const& widget : root.getAllElementsByTagName("Widget"))
-        readWidgetCatchErrors(widget, level, file);
+    // Definitions anywhere below the root, fonts first, then colours, then widgets, each in
+    // document order: one walk sorts them, as a table is mostly widgets.
+    std::vector<pugi::xml_node> fonts, colors, widgets;
+    pugi::xml_node const top = root.getNode();
+    pugi::xml_node n = top.first_child();
+    while (n) {
+        // Most elements are resources: the first letter turns them away without a call.
+        char const* const name = n.name();
+        if ((name[0] == 'W' || name[0] == 'C' || name[0] == 'F') &&
+            n.type() == pugi::node_element) {
+            if (std::strcmp(name, WidgetKeyword) == 0)
+                widgets.push_back(n);
+            else if (std::strcmp(name, ColorKeyword) == 0)
+                colors.push_back(n);
+            else if (std::strcmp(name, FontKeyword) == 0)
+                fonts.push_back(n);
+        }
+        if (pugi::xml_node const first = n.first_child()) {
+            n = first;
+            continue;
+        }
+        while (n != top && !n.next_sibling())
+            n = n.parent();
+        if (n == top)
+            break;
+        n = n.next_sibling();
+    }
+    XmlSource const* const source = root.getSource();
+    for (pugi::xml_node const font : fonts)
+        readFontCatchErrors(XmlElement(font, source), file);
+    for (pugi::xml_node const color : colors)
+        readColorCatchErrors(XmlElement(color, source), file);
+    for (pugi::xml_node const widget : widgets)
+        readWidgetCatchErrors(XmlElement(widget, source), level, file);
 }
 
 void UiResTable::setTooltips(LiString const& widget, std::string const& tooltipId,
@@ -278,20 +308,23 @@ void UiResTable::setTooltips(LiString const& widget, std::string const& tooltipI
 }
 
 template <class Read>
-void UiResTable::readResource(LiString const& widget, std::string const& name,
-                              std::string const& type, bool hasType, UiResource::Level level,
+void UiResTable::readResource(UiResSet*& set, LiString const& widget, std::string const& name,
+                              char const* type, bool hasType, UiResource::Level level,
                               Read const& read) {
     if (!hasType)
         throw UiResourceEx::UiResTableEx::ExNoType(__FILE__, __LINE__, widget, name);
-    RCShdPtr<UiResource> resource = UiResRegistry::getInstance().getResource(type.c_str());
+    RCShdPtr<UiResource> resource = UiResRegistry::getInstance().getResource(type);
     if (!resource)
         throw UiResourceEx::UiResTableEx::ExUnknownType(__FILE__, __LINE__, widget, name);
-    resource->setName(name);
+    LiString const resourceName(name);
+    resource->setName(resourceName);
     read(*resource);
     // Set again: the text form of a domain carries a name of its own.
-    resource->setName(name);
+    resource->setName(resourceName);
     resource->setLevel(level);
-    getOrCreateSet(widget).set(resource);
+    if (!set)
+        set = &getOrCreateSet(widget);
+    set->set(resource);
 }
 
 LiString UiResTable::readWidget(XmlElement const& element, UiResource::Level level,
@@ -303,11 +336,18 @@ LiString UiResTable::readWidget(XmlElement const& element, UiResource::Level lev
     setTooltips(widget, element.getAttribute("TooltipId"), element.getAttribute("DefaultTooltip"),
                 level);
 
-    for (XmlElement const& child : element.getChildren()) {
-        std::string const resourceName = child.getNodeName();
-        readOneResource(file, placeOf(file, child), resourceName, handle, [&] {
-            pugi::xml_node const typeNode = firstChildElement(child.getNode());
-            readResource(widget, resourceName, typeNode.name(), !typeNode.empty(), level,
+    // The widget's set, made with its first good resource.
+    UiResSet* set = nullptr;
+    XmlSource const* const source = element.getSource();
+    for (pugi::xml_node node = element.getNode().first_child(); node; node = node.next_sibling()) {
+        if (node.type() != pugi::node_element)
+            continue;
+        XmlElement const child(node, source);
+        std::string const resourceName = node.name();
+        auto const place = [&] { return placeOf(file, child); };
+        readOneResource(file, place, resourceName, handle, [&] {
+            pugi::xml_node const typeNode = firstChildElement(node);
+            readResource(set, widget, resourceName, typeNode.name(), !typeNode.empty(), level,
                          [&child](UiResource& resource) { resource.read(child); });
         });
     }
@@ -480,14 +520,16 @@ void UiResTable::readTableText(std::istream& is, UiResource::Level level, char c
             owner = Owner::Failed;
             continue;
         }
-        readOneResource(file, placeOf(file, statement.line), statement.first, widget.str(), [&] {
+        auto const place = [&] { return placeOf(file, statement.line); };
+        UiResSet* set = nullptr;
+        readOneResource(file, place, statement.first, widget.str(), [&] {
             // "" would name a resource that no XML element can hold.
             if (statement.first.empty())
                 throw UiResourceEx::UiResTableEx::ExNoName(__FILE__, __LINE__, widget);
             std::istringstream rest = restOf(statement);
             std::string type;
             bool const hasType = UiResText::readToken(rest, type);
-            readResource(widget, statement.first, type, hasType, level,
+            readResource(set, widget, statement.first, type.c_str(), hasType, level,
                          [&rest](UiResource& resource) { resource.read(rest); });
         });
     }

@@ -130,11 +130,11 @@ private:
     void readRoot(XmlElement const& root, UiResource::Level level, char const* file);
     void setTooltips(LiString const& widget, std::string const& tooltipId,
                      std::string const& defaultTooltip, UiResource::Level level);
-    // A resource named `name` of type `type` whose payload `read` fills; thrown errors are the
-    // caller's to report.
+    // A resource named `name` of type `type` whose payload `read` fills, stored in `set` (the
+    // widget's set, found or made on the first call); thrown errors are the caller's to report.
     template <class Read>
-    void readResource(LiString const& widget, std::string const& name, std::string const& type,
-                      bool hasType, UiResource::Level level, Read const& read);
+    void readResource(UiResSet*& set, LiString const& widget, std::string const& name,
+                      char const* type, bool hasType, UiResource::Level level, Read const& read);
     void defineFont(std::string const& handle, std::string const& name) const;
     static void defineColor(std::string const& handle, std::string const texts[3]);
 

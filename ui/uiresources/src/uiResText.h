@@ -36,7 +36,7 @@ public:
 
     // The text with each malformed UTF-8 sequence replaced by U+FFFD: names and labels read
     // from files are always valid UTF-8.
-    static std::string toValidUtf8(std::string const& text);
+    static std::string toValidUtf8(std::string text);
     // Reads the next token: a word up to the next blank, or a phrase between double quotes in
     // which \" stands for a quote and \\ for a backslash (any other backslash is kept as it
     // is). false at the end of the stream.
