@@ -95,6 +95,12 @@ protected:
         }
         return nullptr;
     }
+    // Whether the next event of type T within two seconds is there and for `w`.
+    template <class T>
+    bool nextFor(WsWindow const& w) {
+        std::unique_ptr<T> e = next<T>();
+        return e && e->getWindowId() == w.getId();
+    }
     // Waits for an event of type T and drops everything up to it; also lets SDL settle.
     template <class T>
     void drain(int ms = 2000) {
@@ -201,9 +207,7 @@ TEST_F(WsSdlWindows, MapUnmapCloseAndExposeArriveWithTheWindowId) {
     _windows.push_back(win);
     EXPECT_FALSE(win->isMapped());
     win->map();
-    auto mapped = next<WsMapNotifyEvent>();
-    ASSERT_TRUE(mapped);
-    EXPECT_EQ(mapped->getWindowId(), win->getId());
+    EXPECT_TRUE(nextFor<WsMapNotifyEvent>(*win));
     EXPECT_TRUE(win->isMapped());
 
     RectLog exposed;
@@ -218,9 +222,7 @@ TEST_F(WsSdlWindows, MapUnmapCloseAndExposeArriveWithTheWindowId) {
     win->removeExposeCb(&exposed);
 
     ASSERT_TRUE(WsSdlInput::pushCloseRequest(*win));
-    auto close = next<WsWindowCloseEvent>();
-    ASSERT_TRUE(close);
-    EXPECT_EQ(close->getWindowId(), win->getId());
+    EXPECT_TRUE(nextFor<WsWindowCloseEvent>(*win));
 
     // A terminating signal reaches the loop as an exit that asks nobody.
     ASSERT_TRUE(WsSdlInput::pushQuit());
@@ -229,9 +231,7 @@ TEST_F(WsSdlWindows, MapUnmapCloseAndExposeArriveWithTheWindowId) {
     EXPECT_EQ(quit->getExitHandlingMode(), WsExitEvent::DontAskExitHandlers);
 
     win->unmap();
-    auto unmapped = next<WsUnmapNotifyEvent>();
-    ASSERT_TRUE(unmapped);
-    EXPECT_EQ(unmapped->getWindowId(), win->getId());
+    EXPECT_TRUE(nextFor<WsUnmapNotifyEvent>(*win));
     EXPECT_FALSE(win->isMapped());
 }
 
@@ -282,39 +282,27 @@ TEST_F(WsSdlWindows, ZeroSizeWindowIsOnePixel) {
 
 TEST_F(WsSdlInputEvents, ButtonsCarryWindowFlippedYButtonsAndState) {
     WsSdlWindow& w = open({100, 164, 200, 248}); // 64 x 48
-    ASSERT_TRUE(WsSdlInput::pushPointerButton(w, WsSdlInput::ButtonLeft, true, 5, 10));
-    auto down = next<EvPointerButtonDownEvent>();
-    ASSERT_TRUE(down);
-    EXPECT_EQ(down->getWindowId(), w.getId());
-    EXPECT_EQ(down->getWCoord(), (GePoint2<int>{5, 48 - 1 - 10}));
-    EXPECT_EQ(down->getTriggerButton(), 1u);
-    EXPECT_EQ(down->getPointerState().getState(), 1u); // held once pressed
-    EXPECT_FALSE(down->isDoubleClick());
-
-    ASSERT_TRUE(WsSdlInput::pushPointerButton(w, WsSdlInput::ButtonRight, true, 6, 0));
-    auto right = next<EvPointerButtonDownEvent>();
-    ASSERT_TRUE(right);
-    EXPECT_EQ(right->getTriggerButton(), 4u);
-    EXPECT_EQ(right->getPointerState().getState(), 5u);
-    EXPECT_EQ(right->getWCoord(), (GePoint2<int>{6, 47}));
-
-    ASSERT_TRUE(WsSdlInput::pushPointerButton(w, WsSdlInput::ButtonRight, false, 6, 0));
-    ASSERT_TRUE(WsSdlInput::pushPointerButton(w, WsSdlInput::ButtonLeft, false, 7, 47));
-    auto up1 = next<EvPointerButtonUpEvent>();
-    auto up2 = next<EvPointerButtonUpEvent>();
-    ASSERT_TRUE(up1 && up2);
-    EXPECT_EQ(up1->getPointerState().getState(), 1u);
-    EXPECT_EQ(up2->getTriggerButton(), 1u);
-    EXPECT_EQ(up2->getPointerState().getState(), 0u); // released
-    EXPECT_EQ(up2->getWCoord(), (GePoint2<int>{7, 0}));
-
-    ASSERT_TRUE(WsSdlInput::pushPointerButton(w, WsSdlInput::ButtonMiddle, true, 1, 1, 2));
-    auto dbl = next<EvPointerButtonDownEvent>();
-    ASSERT_TRUE(dbl);
-    EXPECT_EQ(dbl->getTriggerButton(), 2u);
-    EXPECT_TRUE(dbl->isDoubleClick());
-    WsSdlInput::pushPointerButton(w, WsSdlInput::ButtonMiddle, false, 1, 1, 2);
-    next<EvPointerButtonUpEvent>();
+    // Each button event as "down|up x,y button B held S", " double" for a double click.
+    auto button = [&](int which, bool down, int x, int y, int clicks = 1) {
+        EXPECT_TRUE(WsSdlInput::pushPointerButton(w, which, down, x, y, clicks));
+        auto e = down ? OPtr<EvPointerButtonEvent>(next<EvPointerButtonDownEvent>())
+                      : OPtr<EvPointerButtonEvent>(next<EvPointerButtonUpEvent>());
+        if (!e)
+            return std::string("none");
+        EXPECT_EQ(e->getWindowId(), w.getId());
+        return std::string(down ? "down " : "up ") + std::to_string(e->getWCoord().x) + "," +
+               std::to_string(e->getWCoord().y) + " button " +
+               std::to_string(e->getTriggerButton()) + " held " +
+               std::to_string(e->getPointerState().getState()) +
+               (e->isDoubleClick() ? " double" : "");
+    };
+    // y grows upward from the bottom row; a button is held from its press to its release.
+    EXPECT_EQ(button(WsSdlInput::ButtonLeft, true, 5, 10), "down 5,37 button 1 held 1");
+    EXPECT_EQ(button(WsSdlInput::ButtonRight, true, 6, 0), "down 6,47 button 4 held 5");
+    EXPECT_EQ(button(WsSdlInput::ButtonRight, false, 6, 0), "up 6,47 button 4 held 1");
+    EXPECT_EQ(button(WsSdlInput::ButtonLeft, false, 7, 47), "up 7,0 button 1 held 0");
+    EXPECT_EQ(button(WsSdlInput::ButtonMiddle, true, 1, 1, 2), "down 1,46 button 2 held 2 double");
+    button(WsSdlInput::ButtonMiddle, false, 1, 1, 2);
 }
 
 TEST_F(WsSdlInputEvents, MovesAndScrollsUseThePointerPosition) {
