@@ -25,9 +25,21 @@ struct Watch {
         input->addValueCb(&value);
         input->addStateCb(&state);
     }
+    // The value and state calls since the last take, as "value V state S".
+    std::string take() {
+        return "value " + std::to_string(value.take()) + " state " + std::to_string(state.take());
+    }
     RCShdPtr<PiInput> input;
     Count value, state;
 };
+
+// The value calls of each watch since its last take.
+std::vector<int> values(std::initializer_list<Watch*> watches) {
+    std::vector<int> out;
+    for (Watch* w : watches)
+        out.push_back(w->value.take());
+    return out;
+}
 
 struct InputGraph : ::testing::Test {
     RCShdPtr<PiGraph> graph = makeShared<PiGraph>();
@@ -126,12 +138,7 @@ TEST_F(InputGraph, ExpressionFollowsTheInputItReadsAndTellsItsDependantsOnce) {
     gain->getPart(0)->setExpression("Blur1.radius + Blur1.quality");
     Watch r(radius), q(quality), red(gain->getPart(0)), whole(gain), sat(saturation), a(alpha);
     radius->setKey(0.0, 60.0);
-    EXPECT_EQ(r.value.take(), 1);
-    EXPECT_EQ(q.value.take(), 1);
-    EXPECT_EQ(red.value.take(), 1);
-    EXPECT_EQ(whole.value.take(), 1);
-    EXPECT_EQ(sat.value.take(), 1);
-    EXPECT_EQ(a.value.take(), 0);
+    EXPECT_EQ(values({&r, &q, &red, &whole, &sat, &a}), (std::vector<int>{1, 1, 1, 1, 1, 0}));
     EXPECT_EQ(red.input->evaluate(0.0), 61.0);
 
     // The expression no longer reads radius: no more calls.
@@ -173,9 +180,7 @@ TEST_F(InputGraph, ACycleIsReportedWithItsPathAndFallsBack) {
     // A change round the cycle tells each input once and ends.
     Watch s(size), r(radius), sat(saturation);
     radius->setStaticValue(9);
-    EXPECT_EQ(r.value.take(), 1);
-    EXPECT_EQ(s.value.take(), 1);
-    EXPECT_EQ(sat.value.take(), 1);
+    EXPECT_EQ(values({&r, &s, &sat}), (std::vector<int>{1, 1, 1}));
 
     // An input reading itself.
     quality->setExpression("Blur1.quality + 1");
@@ -208,8 +213,7 @@ TEST_F(InputGraph, ResetDropsEverythingInOneChangeAndUndoBringsItBack) {
     radius->connect(value->getOutput());
     Watch w(radius);
     undoable("Reset", [&] { radius->reset(); });
-    EXPECT_EQ(w.value.take(), 1);
-    EXPECT_EQ(w.state.take(), 1);
+    EXPECT_EQ(w.take(), "value 1 state 1");
     EXPECT_FALSE(radius->isConnected());
     EXPECT_FALSE(radius->hasExpression());
     EXPECT_FALSE(radius->hasAnimation());
@@ -218,8 +222,7 @@ TEST_F(InputGraph, ResetDropsEverythingInOneChangeAndUndoBringsItBack) {
     EXPECT_EQ(stack()->getNbUndo(), 1);
 
     ASSERT_TRUE(stack()->undo());
-    EXPECT_EQ(w.value.take(), 1);
-    EXPECT_EQ(w.state.take(), 1);
+    EXPECT_EQ(w.take(), "value 1 state 1");
     EXPECT_EQ(radius->getConnectedOutput(), value->getOutput());
     EXPECT_EQ(value->getOutput()->getConnectedInputs().size(), 1u);
     EXPECT_EQ(radius->getExpression(), "time");
@@ -237,21 +240,18 @@ TEST_F(InputGraph, ResetDropsEverythingInOneChangeAndUndoBringsItBack) {
 TEST_F(InputGraph, StructuredInputsChangeThroughTheirPartsAndTellTheWholeOnce) {
     Watch whole(gain), red(gain->getPart(0)), blue(gain->getPart(2));
     gain->setStaticValue(2.5);
-    EXPECT_EQ(whole.value.take(), 1);
-    EXPECT_EQ(red.value.take(), 1);
+    EXPECT_EQ(values({&whole, &red}), (std::vector<int>{1, 1}));
     EXPECT_EQ(blue.input->getStaticValue(), 2.5);
     EXPECT_EQ(gain->getStaticValue(), 2.5);
 
     gain->getPart(1)->setKey(0.0, 3.0);
-    EXPECT_EQ(whole.value.take(), 1);
-    EXPECT_EQ(whole.state.take(), 1);
+    EXPECT_EQ(whole.take(), "value 1 state 1");
     EXPECT_TRUE(gain->hasAnimation());
     EXPECT_FALSE(gain->isAnimatable());
     EXPECT_THROW(gain->setKey(0.0, 1.0), PiInputEx::ExNotAnimatable);
 
     undoable("Reset gain", [&] { gain->reset(); });
-    EXPECT_EQ(whole.value.take(), 1);
-    EXPECT_EQ(whole.state.take(), 1);
+    EXPECT_EQ(whole.take(), "value 1 state 1");
     EXPECT_EQ(red.value.take(), 1);
     EXPECT_FALSE(gain->hasAnimation());
     for (auto const& part : gain->getParts())
@@ -288,11 +288,9 @@ TEST_F(InputGraph, ConnectedInputsFollowTheValueNode) {
 TEST_F(InputGraph, UndoingAnExpressionTakesItsDependencyAndRedoBringsItBack) {
     Watch w(radius);
     undoable("Set expression", [&] { radius->setExpression("Grade.saturation * 10"); });
-    w.value.take();
-    w.state.take();
+    w.take();
     ASSERT_TRUE(stack()->undo());
-    EXPECT_EQ(w.value.take(), 1);
-    EXPECT_EQ(w.state.take(), 1);
+    EXPECT_EQ(w.take(), "value 1 state 1");
     saturation->setStaticValue(2);
     EXPECT_EQ(w.value.take(), 0);
     ASSERT_TRUE(stack()->redo());

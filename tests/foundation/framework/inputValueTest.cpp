@@ -207,27 +207,23 @@ TEST_F(InputValue, EachObserverFiresOncePerChange) {
     value->addValueObserver(&onValue);
     value->addStateObserver(&onState);
     value->addDisplayObserver(&onDisplay);
-
+    // The value, state and display calls since the last look.
+    auto calls = [&] { return std::vector<int>{onValue.take(), onState.take(), onDisplay.take()}; };
     EXPECT_TRUE(value->setValue(4.0));
-    EXPECT_EQ(onValue.take(), 1);
-    EXPECT_EQ(onState.take(), 0);
+    EXPECT_EQ(calls(), (std::vector<int>{1, 0, 0}));
     EXPECT_TRUE(value->setValue(4.0)); // no change, no call
-    EXPECT_EQ(onValue.take(), 0);
-
+    EXPECT_EQ(calls(), (std::vector<int>{0, 0, 0}));
     radius->setExpression("time");
-    EXPECT_EQ(onValue.take(), 1);
-    EXPECT_EQ(onState.take(), 1);
+    EXPECT_EQ(calls(), (std::vector<int>{1, 1, 0}));
     radius->setRange(0, 50);
     radius->setDisplayName("Blur radius");
-    EXPECT_EQ(onDisplay.take(), 2);
-    EXPECT_EQ(onValue.take(), 0);
+    EXPECT_EQ(calls(), (std::vector<int>{0, 0, 2}));
 
     // Time moves: the value observers follow while the value depends on the time.
     g.setTime(1.0);
     EXPECT_EQ(onValue.take(), 1);
     radius->setExpression("");
-    onValue.take();
-    onState.take();
+    calls();
     g.setTime(2.0);
     EXPECT_EQ(onValue.take(), 0);
     radius->setKey(0.0, 1.0);
@@ -235,8 +231,7 @@ TEST_F(InputValue, EachObserverFiresOncePerChange) {
     g.setTime(3.0);
     EXPECT_EQ(onValue.take(), 1);
 
-    onState.take();
-    onDisplay.take();
+    calls();
     value->removeValueObserver(&onValue);
     value->removeStateObserver(&onState);
     value->removeDisplayObserver(&onDisplay);
@@ -252,23 +247,18 @@ TEST_F(InputValue, ObserversFireOnceOnUndoAndRedo) {
     value->addStateObserver(&onState);
     g.undoable("Set radius", [&] { EXPECT_TRUE(value->setValue(8.0)); });
     g.undoable("Set Expression", [&] { radius->setExpression("Node1.count + 1"); });
+    // After each step of the stack: the value, then the value and state calls it made.
+    auto after = [&](bool moved) {
+        EXPECT_TRUE(moved);
+        int const values = onValue.take(), states = onState.take();
+        return std::vector<double>{value->getValue(), double(values), double(states)};
+    };
     onValue.take();
     onState.take();
-    ASSERT_TRUE(g.stack()->undo());
-    EXPECT_EQ(onValue.take(), 1);
-    EXPECT_EQ(onState.take(), 1);
-    EXPECT_EQ(value->getValue(), 8.0);
-    ASSERT_TRUE(g.stack()->undo());
-    EXPECT_EQ(onValue.take(), 1);
-    EXPECT_EQ(onState.take(), 0);
-    EXPECT_EQ(value->getValue(), 2.0);
-    ASSERT_TRUE(g.stack()->redo());
-    EXPECT_EQ(onValue.take(), 1);
-    EXPECT_EQ(value->getValue(), 8.0);
-    ASSERT_TRUE(g.stack()->redo());
-    EXPECT_EQ(onValue.take(), 1);
-    EXPECT_EQ(onState.take(), 1);
-    EXPECT_EQ(value->getValue(), 2.0);
+    EXPECT_EQ(after(g.stack()->undo()), (std::vector<double>{8, 1, 1}));
+    EXPECT_EQ(after(g.stack()->undo()), (std::vector<double>{2, 1, 0}));
+    EXPECT_EQ(after(g.stack()->redo()), (std::vector<double>{8, 1, 0}));
+    EXPECT_EQ(after(g.stack()->redo()), (std::vector<double>{2, 1, 1}));
 }
 
 TEST_F(InputValue, SetValueInAnUndoScopeIsOneEntryAndUndoRestores) {
