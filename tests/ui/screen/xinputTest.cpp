@@ -11,10 +11,12 @@
 #include "uiFocusKeyboard.h"
 #include "uiGestureRecogniser.h"
 #include "uiGrab.h"
+#include "uiTextField.h"
 #include "uiTopLevel.h"
 #include "uiTransporter.h"
 #include "uiWidget.h"
 
+#include "wsScreenshot.h"
 #include "wsSdl.h"
 #include "wsSdlWindow.h"
 
@@ -328,6 +330,39 @@ TEST_F(XInputDesktop, AWindowDestroyedUnderTheProgramIsClosed) {
     EXPECT_TRUE(
         pumpUntil([&] { return UiFocusKeyboard::getInstance().getFocus() == w.get(); }, 2000));
     app.clearCurrentWindow();
+}
+
+// Real keys in a text field: a click starts the edit at the pointer, characters come through
+// SDL's text input, BackSpace and Left through the field's hotkeys, Return commits. While the
+// edit runs the cursor is drawn in black after the typed text.
+TEST_F(XInputFocus, TypingInATextFieldEditsOnScreenAndReturnCommits) {
+    RCShdPtr<UiTextField> field = UiTextField::create(_top->getRootContainer().get(), "field");
+    field->setRect({21, 301, 98, 126});
+    std::vector<std::string> log;
+    CbFunction<EvEvent> onEnter(
+        [&](EvEvent&) { log.push_back("enter " + field->getString().str()); });
+    field->addKeyEnterCb(&onEnter);
+    pumpFor(50);
+    moveTo(280, 112);
+    button(true);
+    button(false);
+    ASSERT_TRUE(pumpUntil([&] { return field->isEditing(); }, 2000));
+    for (char const* name : {"a", "b", "c", "BackSpace", "Left", "x"})
+        key(name);
+    ASSERT_TRUE(pumpUntil([&] { return field->getString().str() == "axb"; }, 2000))
+        << field->getString().str();
+    int const cursorX =
+        field->getTextOrigin().x + static_cast<int>(field->getFont()->getStringWidth("ax"));
+    _top->getRootContainer()->markForUpdate();
+    pumpFor(50);
+    GeRectangle<int> const g = _top->getOSWindow()->getGeometry();
+    std::vector<std::uint8_t> const px = _top->readPixels();
+    EXPECT_EQ(WsScreenshot::pixelAt(px, g.width(), g.height(), cursorX, 112) >> 8, 0u);
+    EXPECT_NE(WsScreenshot::pixelAt(px, g.width(), g.height(), cursorX + 2, 112) >> 8, 0u);
+    key("Return");
+    ASSERT_TRUE(pumpUntil([&] { return !log.empty(); }, 2000));
+    EXPECT_EQ(log, std::vector<std::string>{"enter axb"});
+    EXPECT_FALSE(field->isEditing());
 }
 
 } // namespace
