@@ -36,6 +36,7 @@
 #include "msgProtocol.h"
 #include "msgServer.h"
 #include "mtAlarmManager.h"
+#include "numUtil.h"
 #include "obSubject.h"
 #include "osEnv.h"
 #include "osFile.h"

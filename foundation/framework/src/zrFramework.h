@@ -49,6 +49,7 @@
 #include "piOutputInterface.h"
 #include "piPath.h"
 #include "piPushButton.h"
+#include "piRange.h"
 #include "piSnItem.h"
 #include "piSocketUtil.h"
 #include "piStructuredInput.h"

@@ -10,7 +10,9 @@
 #include "uiFrame.h"
 #include "uiHotkeyRegistry.h"
 #include "uiLabel.h"
+#include "uiLinearValueHandler.h"
 #include "uiLogGroups.h"
+#include "uiProgressBar.h"
 #include "uiPushButton.h"
 #include "uiPushButtonIcon.h"
 #include "uiPushedToggle.h"
@@ -18,6 +20,7 @@
 #include "uiResTable.h"
 #include "uiTextField.h"
 #include "uiToggleButton.h"
+#include "uiTrackSlider.h"
 #include "uiTransparentLabel.h"
 #include "uiWidget.h"
 #include "uiWidgetFactory.h"
@@ -79,6 +82,14 @@ void registerStandardWidgetFactories() {
     registerSimpleFactory<UiPushButtonIcon>("PushButtonIcon");
     registerSimpleFactory<UiPushedToggleIcon>("PushedToggleIcon");
     registerSimpleFactory<UiTextField>("TextField");
+    registerSimpleFactory<UiProgressBar>("ProgressBar");
+    registerSimpleFactory<UiTrackSlider>("TrackSlider");
+}
+
+// The value handlers that resource tables can name (<LinearValueHandler A="" B=""/>).
+void registerValueHandlerFactories() {
+    UiRange::registerValueHandlerFactory("LinearValueHandler",
+                                         std::make_unique<LinearHandlerFactory>());
 }
 
 } // namespace
@@ -103,6 +114,7 @@ void UiToolkitInit::init() {
     UiWidgetFactory::registerToolkitFactories();
     UiExternalWidgetFactory::registerFactory();
     registerStandardWidgetFactories();
+    registerValueHandlerFactories();
     if (!WsTestGfx::isNoGraphicsRequested()) {
         // Real windows when a display opens; otherwise the headless windows stay, and the
         // toolkit still works without pixels.
