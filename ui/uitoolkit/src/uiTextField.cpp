@@ -858,7 +858,9 @@ void UiTextField::onKeyPress(EvEvent& event) {
     if (code == EvKeyCode::Return || code == EvKeyCode::KP_Enter) {
         if (isEditing()) {
             key->setProcessed();
-            if (!_readOnly)
+            if (_readOnly)
+                UiGrab::keyboard().release(getEventHandler());
+            else
                 commit();
         } else if (code == EvKeyCode::Return) {
             key->setProcessed();
