@@ -15,8 +15,9 @@
 using namespace Zr;
 
 namespace {
-EvKeyPressEvent press(int key, unsigned modifiers = 0) {
-    EvKeyPressEvent e;
+template <class Event = EvKeyPressEvent>
+Event press(int key, unsigned modifiers = 0) {
+    Event e;
     e.setTriggerKey(key);
     e.setKeyboardState(EvKeyboardState(modifiers));
     return e;
@@ -51,24 +52,23 @@ TEST(HotkeyText, ParseStringTakesTheLastSeparatorAndKeepsThePlusKey) {
     int const plus = EvKeyCode::fromString("+");
     ASSERT_EQ(plus, EvKeyCode::KP_Add);
 
-    EvKeyboardState state(Alt);
-    EvKeyCode::KeyCode key = EvKeyCode::NoKey;
-    UiHotkey::parseString("Ctrl++", state, key);
-    EXPECT_EQ(key, plus);
-    EXPECT_EQ(state.getState(), Ctrl);
-
-    state = EvKeyboardState(Alt);
-    UiHotkey::parseString("+", state, key);
-    EXPECT_EQ(key, plus);
-    EXPECT_EQ(state.getState(), Alt); // left as given
-
-    UiHotkey::parseString("F1", state, key);
-    EXPECT_EQ(key, EvKeyCode::functionKey(1));
-    EXPECT_EQ(state.getState(), Alt);
-
-    UiHotkey::parseString("ctrl+-", state, key);
-    EXPECT_EQ(key, EvKeyCode::Minus);
-    EXPECT_EQ(state.getState(), Ctrl);
+    // Each text parsed over an alt state: the key, and the state (left as given without a
+    // modifier).
+    struct {
+        char const* text;
+        int key;
+        unsigned state;
+    } const rows[] = {{"Ctrl++", plus, Ctrl},
+                      {"+", plus, Alt},
+                      {"F1", EvKeyCode::functionKey(1), Alt},
+                      {"ctrl+-", EvKeyCode::Minus, Ctrl}};
+    for (auto const& row : rows) {
+        EvKeyboardState state(Alt);
+        EvKeyCode::KeyCode key = EvKeyCode::NoKey;
+        UiHotkey::parseString(row.text, state, key);
+        EXPECT_EQ(key, row.key) << row.text;
+        EXPECT_EQ(state.getState(), row.state) << row.text;
+    }
 
     // The printed form of a "+" hotkey reads back.
     UiHotkey const ctrlPlus = UiHotkey::fromString("ctrl++");
@@ -133,9 +133,7 @@ TEST(HotkeyMatch, NeedsTheSameKeyModifiersAndDirection) {
     EXPECT_FALSE(shiftTab.matches(press(EvKeyCode::Tab)));
     EXPECT_FALSE(shiftTab.matches(press(EvKeyCode::Tab, Shift | Ctrl)));
     EXPECT_FALSE(shiftTab.matches(press(EvKeyCode::Return, Shift)));
-    EvKeyReleaseEvent release;
-    release.setTriggerKey(EvKeyCode::Tab);
-    release.setKeyboardState(EvKeyboardState(Shift));
+    auto const release = press<EvKeyReleaseEvent>(EvKeyCode::Tab, Shift);
     EXPECT_FALSE(shiftTab.matches(release));
     EXPECT_TRUE(
         UiHotkey(EvKeyCode::Tab, EvKeyboardState(Shift), UiHotkey::Release).matches(release));
