@@ -1,6 +1,8 @@
 // UiChildGrid: cells of children over a container's canvas.
 #include "uiChildGrid.h"
 
+#include "uiWidget.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -60,11 +62,12 @@ void UiChildGrid::collect(GeRectangle<int> const& rect, std::vector<UiWidget*>& 
     std::size_t const first = out.size();
     for (int y = y1; y <= y2; ++y)
         for (int x = x1; x <= x2; ++x) {
-            auto const& cell = _cells[static_cast<std::size_t>(y) * _columns + x];
-            out.insert(out.end(), cell.begin(), cell.end());
+            for (UiWidget* child : _cells[static_cast<std::size_t>(y) * _columns + x])
+                if (child->getRect().intersects(rect))
+                    out.push_back(child);
         }
     // A child over several cells was met in each.
-    if (x1 != x2 || y1 != y2) {
+    if ((x1 != x2 || y1 != y2) && out.size() - first > 1) {
         std::sort(out.begin() + first, out.end());
         out.erase(std::unique(out.begin() + first, out.end()), out.end());
     }

@@ -26,7 +26,8 @@ public:
     void insert(UiWidget* child, GeRectangle<int> const& rect);
     void erase(UiWidget* child, GeRectangle<int> const& rect);
 
-    // Appends the children registered in the cells that `rect` covers, each once, in no order.
+    // Appends the children whose rectangles meet `rect`, each once, in no order: only those can
+    // take a share of damage in `rect` or hide part of it.
     void collect(GeRectangle<int> const& rect, std::vector<UiWidget*>& out) const;
 
 private:

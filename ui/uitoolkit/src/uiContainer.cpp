@@ -213,9 +213,10 @@ void UiContainer::childrenOver(GeRectangle<int> const& rect, std::int64_t above,
     }
     c._grid->collect(rect, out);
     std::erase_if(out, [above](UiWidget const* w) { return w->_imp->_stackKey <= above; });
-    std::sort(out.begin(), out.end(), [](UiWidget const* a, UiWidget const* b) {
-        return a->_imp->_stackKey > b->_imp->_stackKey;
-    });
+    if (out.size() > 1)
+        std::sort(out.begin(), out.end(), [](UiWidget const* a, UiWidget const* b) {
+            return a->_imp->_stackKey > b->_imp->_stackKey;
+        });
 }
 
 void UiContainer::childMoved(UiWidget* child, GeRectangle<int> const& old) {

@@ -567,8 +567,18 @@ bool UiWidget::hasFocus() const {
 // --- damage --------------------------------------------------------------------------------
 
 void UiWidget::markForUpdate() {
-    if (getWindow())
+    UiWindow* const window = getWindow();
+    if (window) {
+        // Already to be drawn whole into both buffers since the last redraw (a widget is often
+        // marked several times in one turn of the loop): marking again gives the same marks.
+        UiMarkedRectList const& marks = _imp->_marks;
+        if (marks.size() == 1 && marks.front().getState() == UiMarkedRect::InvalidBoth &&
+            marks.front().getRect() == _rect && isOpaque()) {
+            window->markNotify();
+            return;
+        }
         clearMarks();
+    }
     markRegion(_rect);
 }
 
