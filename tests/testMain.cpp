@@ -11,6 +11,19 @@ namespace Zr {
 [[gnu::weak]] int zrUiLibraryVersion();
 } // namespace Zr
 
+// What the sanitizers of a test build do unless ASAN_OPTIONS or UBSAN_OPTIONS say otherwise. An
+// undefined-behaviour finding prints where it was reached from and ends the run (the build
+// compiles with -fno-sanitize-recover too; halting here keeps it so if that flag is dropped).
+// AddressSanitizer also checks that no global is read before its initialiser ran, whatever
+// the link order, and catches the use of a function's locals after it returned. In a build
+// without the sanitizers nothing calls these.
+extern "C" char const* __ubsan_default_options() {
+    return "print_stacktrace=1:halt_on_error=1";
+}
+extern "C" char const* __asan_default_options() {
+    return "check_initialization_order=1:strict_init_order=1:detect_stack_use_after_return=1";
+}
+
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     std::unique_ptr<Zr::InInitGuard> packages;
