@@ -309,15 +309,13 @@ TEST_F(DndDrop, TheTargetTakesTheStringAndTheSourceHearsOfItOnce) {
     EXPECT_FALSE(UiTransporter::isTransporting());
     EXPECT_EQ(_targetSink->consumed, std::vector<std::string>{"hello"});
     EXPECT_EQ(count("target consume"), 1);
-    EXPECT_EQ(count("source completed"), 1);
-    EXPECT_EQ(count("source cancelled"), 0);
     EXPECT_EQ(of("source"),
               (std::vector<std::string>{"willPopulate", "populate", "leave", "completed"}));
     // The target is asked before it takes it; the source hears last.
     ASSERT_GE(_log.size(), 3u);
-    std::vector<std::string> tail(_log.end() - 3, _log.end());
-    EXPECT_EQ(tail, (std::vector<std::string>{"target willConsume", "target consume",
-                                              "source completed"}));
+    EXPECT_EQ(
+        std::vector<std::string>(_log.end() - 3, _log.end()),
+        (std::vector<std::string>{"target willConsume", "target consume", "source completed"}));
     // The place of the drop as a fraction of the target: (25, 40) of 50 by 50.
     EXPECT_FLOAT_EQ(_targetSink->consumedAt.x, 0.5f);
     EXPECT_FLOAT_EQ(_targetSink->consumedAt.y, 0.8f);
@@ -347,8 +345,8 @@ TEST_F(DndDrop, ATargetWithDropsDisabledOrUnwillingRefusesAndTheSourceHearsACanc
     drag({125, 40});
     release({125, 40});
     EXPECT_EQ(count("target consume"), 0);
-    EXPECT_EQ(count("source cancelled"), 1);
-    EXPECT_EQ(count("source completed"), 0);
+    EXPECT_EQ(of("source"),
+              (std::vector<std::string>{"willPopulate", "populate", "leave", "cancelled"}));
 
     _log.clear();
     _targetDnd->setDropEnabled(true);
