@@ -175,14 +175,9 @@ TEST_F(WidgetFactory, CreateByTypeInCodeUsesGivenTable) {
 
 TEST_F(WidgetFactory, BadResourceIsReportedAndTheRestKept) {
     Reports reports;
-    RCShdPtr<UiWidget> w = UiWidgetFactory::createWidgetFromText(root(),
-                                                                 "<Widget>\n"
-                                                                 "  <Widget Name='ok'>\n"
-                                                                 "    <Bad><NoSuchType/></Bad>\n"
-                                                                 "    <Background><Color>Red"
-                                                                 "</Color></Background>\n"
-                                                                 "  </Widget>\n"
-                                                                 "</Widget>",
+    RCShdPtr<UiWidget> w = UiWidgetFactory::createWidgetFromText(root(), R"(<Widget>
+      <Widget Name='ok'><Bad><NoSuchType/></Bad><Background><Color>Red</Color></Background>
+      </Widget></Widget>)",
                                                                  "form.xml");
     ASSERT_TRUE(w);
     EXPECT_EQ(w->getBackground(), color(UiColorRegistry::Red));
@@ -270,14 +265,12 @@ TEST_F(WidgetFactory, MissingSiblingLeavesExistingChildrenAndOnTopWidget) {
     RCShdPtr<UiWidget> top = UiWidget::create(_root.get(), "top");
     _root->setAlwaysOnTop(top.get());
     EXPECT_THAT(reasonOf<UiWidgetSiblingConstraintEx>([&] {
-                    UiWidgetFactory::createWidgetFromText(
-                        root(),
-                        "<Widget><Widget Name='lost'><Layout><Constraint>"
-                        "<X1 Value='0' Type='p' Target='s' Sibling='ghost'/>"
-                        "<Y1 Value='0' Type='p' Target='b'/><X2 Value='0' Type='p' Target='r'/>"
-                        "<Y2 Value='0' Type='p' Target='t'/></Constraint></Layout></Widget>"
-                        "</Widget>",
-                        "sibling.xml");
+                    UiWidgetFactory::createWidgetFromText(root(), R"(<Widget><Widget Name='lost'>
+                      <Layout><Constraint><X1 Value='0' Type='p' Target='s' Sibling='ghost'/>
+                        <Y1 Value='0' Type='p' Target='b'/><X2 Value='0' Type='p' Target='r'/>
+                        <Y2 Value='0' Type='p' Target='t'/></Constraint></Layout></Widget>
+                      </Widget>)",
+                                                          "sibling.xml");
                 }),
                 ::testing::HasSubstr("sibling 'ghost' not found"));
     std::vector<UiWidget*> children;
@@ -400,15 +393,13 @@ protected:
 
 TEST_F(ResourceWidget, TableEntriesOverDefaultsAndDefaultsFillTheRest) {
     UiResTable table;
-    table.readTable(LiString("<ResourceTable>"
-                             "<Widget Name='ok' TooltipId='okTip' DefaultTooltip='Accept'>"
-                             "<Background><Color>Red</Color></Background>"
-                             "<Rectangle><Coord X='10' Y='20' W='60' H='25'/></Rectangle>"
-                             "<Opacity><Int>50</Int></Opacity>"
-                             "<KeyboardFocusStatus><Text>Off</Text></KeyboardFocusStatus>"
-                             "</Widget>"
-                             "<Widget Name='other'><Background><Color>Blue</Color></Background>"
-                             "</Widget></ResourceTable>"),
+    table.readTable(LiString(R"(<ResourceTable>
+      <Widget Name='ok' TooltipId='okTip' DefaultTooltip='Accept'>
+        <Background><Color>Red</Color></Background><Opacity><Int>50</Int></Opacity>
+        <Rectangle><Coord X='10' Y='20' W='60' H='25'/></Rectangle>
+        <KeyboardFocusStatus><Text>Off</Text></KeyboardFocusStatus></Widget>
+      <Widget Name='other'><Background><Color>Blue</Color></Background></Widget>
+    </ResourceTable>)"),
                     UiResource::LevelApplication);
     table.setResTableName("panel");
 
@@ -463,10 +454,9 @@ TEST_F(ResourceWidget, ChangeResourceAppliesATextFragment) {
     EXPECT_EQ(warnings.ids().size(), 2u);
 
     // A constraint given later places the widget in its parent at once.
-    w->changeResource(LiString("<Layout><Constraint><X1 Value='0' Type='p' Target='l'/>"
-                               "<Y1 Value='0' Type='p' Target='b'/>"
-                               "<X2 Value='50' Type='%' Target='l'/>"
-                               "<Y2 Value='0' Type='p' Target='t'/></Constraint></Layout>"));
+    w->changeResource(LiString(R"(<Layout><Constraint><X1 Value='0' Type='p' Target='l'/>
+      <Y1 Value='0' Type='p' Target='b'/><X2 Value='50' Type='%' Target='l'/>
+      <Y2 Value='0' Type='p' Target='t'/></Constraint></Layout>)"));
     EXPECT_TRUE(w->hasConstraint());
     EXPECT_EQ(w->getRect(), GeRectangle<int>(0, 200, 0, 300));
 }
@@ -662,12 +652,9 @@ TEST_F(ExternalWidget, NullExternalWidgetInsideAPanelLeavesItsSiblings) {
 }
 
 TEST_F(ExternalWidget, BadResourceInThePluginDefinitionIsReportedAndSkipped) {
-    plugin("faulty", "<Widget>\n"
-                     "  <Widget Name='dot'>\n"
-                     "    <Bad><NoSuchType/></Bad>\n"
-                     "    <Background><Color>Green</Color></Background>\n"
-                     "  </Widget>\n"
-                     "</Widget>");
+    plugin("faulty", R"(<Widget>
+      <Widget Name='dot'><Bad><NoSuchType/></Bad><Background><Color>Green</Color></Background>
+      </Widget></Widget>)");
     Reports reports;
     RCShdPtr<UiWidget> widget =
         build(R"(<ExternalWidget plugin="faulty"><Widget Name="ext"/></ExternalWidget>)");
