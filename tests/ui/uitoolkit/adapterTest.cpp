@@ -117,21 +117,16 @@ TEST_F(AdapterWidget, EventTypesReachTheirCallbacksInOrder) {
     std::vector<std::string> log;
     std::vector<std::unique_ptr<LabelHandler>> handlers;
     RCShdPtr<PiWidget> piw = button->retrieveInterface();
-    auto add = [&](PiWidget::EventType type, std::string label) {
-        handlers.push_back(std::make_unique<LabelHandler>(&log, std::move(label)));
+    using P = std::pair<PiWidget::EventType, char const*>;
+    for (auto [type, label] :
+         {P{PiWidget::Destroy, "destroy"}, P{PiWidget::Enable, "enable"},
+          P{PiWidget::Disable, "disable"}, P{PiWidget::Lock, "lock"}, P{PiWidget::Unlock, "unlock"},
+          P{PiWidget::Arm, "arm"}, P{PiWidget::Disarm, "disarm"}, P{PiWidget::Map, "map"},
+          P{PiWidget::UnMap, "unmap"}, P{PiWidget::Resize, "resize"},
+          P{PiWidget::Activate, "activate"}}) {
+        handlers.push_back(std::make_unique<LabelHandler>(&log, label));
         piw->addCallback(type, handlers.back().get());
-    };
-    add(PiWidget::Destroy, "destroy");
-    add(PiWidget::Enable, "enable");
-    add(PiWidget::Disable, "disable");
-    add(PiWidget::Lock, "lock");
-    add(PiWidget::Unlock, "unlock");
-    add(PiWidget::Arm, "arm");
-    add(PiWidget::Disarm, "disarm");
-    add(PiWidget::Map, "map");
-    add(PiWidget::UnMap, "unmap");
-    add(PiWidget::Resize, "resize");
-    add(PiWidget::Activate, "activate");
+    }
 
     piw->enable(false);
     piw->enable(true);
