@@ -49,6 +49,9 @@ std::uint32_t rgba(int r, int g, int b) {
     return std::uint32_t(r) << 24 | std::uint32_t(g) << 16 | std::uint32_t(b) << 8 | 0xffu;
 }
 
+using Pixels = std::vector<std::uint32_t>;
+std::uint32_t const grey = rgba(64, 64, 64);
+
 CoRgbColor colour(int r, int g, int b) {
     return CoRgbColor(r / 255.f, g / 255.f, b / 255.f);
 }
@@ -137,6 +140,14 @@ protected:
         GeRectangle<int> g = w.getOSWindow()->getGeometry();
         return WsScreenshot::pixelAt(px, g.width(), g.height(), x, y);
     }
+    // The pixels at `points` of what the window shows now.
+    static Pixels pixels(UiWindow& w, std::vector<GePoint2<int>> const& points) {
+        std::vector<std::uint8_t> const px = w.readPixels();
+        Pixels out;
+        for (GePoint2<int> const& p : points)
+            out.push_back(pixel(w, px, p.x, p.y));
+        return out;
+    }
 
     std::vector<RCShdPtr<UiTopLevel>> _windows;
     std::vector<std::unique_ptr<DrawCounter>> _counters;
@@ -151,26 +162,20 @@ TEST_F(ScreenPixels, RedrawsShowWhatTheWidgetsHoldNow) {
     UiTopLevel& w = open();
     RCShdPtr<UiWidget> b = box(w, {20, 70, 30, 80}, colour(255, 0, 0));
     pump(100);
-    std::vector<std::uint8_t> px = w.readPixels();
-    ASSERT_EQ(px.size(), 200u * 150u * 4u);
-    EXPECT_EQ(pixel(w, px, 20, 30), rgba(255, 0, 0));
-    EXPECT_EQ(pixel(w, px, 69, 79), rgba(255, 0, 0));
-    EXPECT_EQ(pixel(w, px, 70, 79), rgba(64, 64, 64)); // x2 is outside
-    EXPECT_EQ(pixel(w, px, 19, 30), rgba(64, 64, 64));
-    EXPECT_EQ(pixel(w, px, 199, 149), rgba(64, 64, 64));
+    EXPECT_EQ(w.readPixels().size(), 200u * 150u * 4u);
+    // x2 and y2 are outside.
+    EXPECT_EQ(pixels(w, {{20, 30}, {69, 79}, {70, 79}, {19, 30}, {199, 149}}),
+              (Pixels{rgba(255, 0, 0), rgba(255, 0, 0), grey, grey, grey}));
 
     b->setColor(UiWidget::BackgroundColor, colour(0, 0, 255));
     b->markForUpdate();
     EXPECT_GE(pump(100), 1);
-    px = w.readPixels();
-    EXPECT_EQ(pixel(w, px, 40, 50), rgba(0, 0, 255));
+    EXPECT_EQ(pixels(w, {{40, 50}}), Pixels{rgba(0, 0, 255)});
 
     // Moved: the old place shows the root again, the new one the widget.
     b->setRect({120, 170, 30, 80});
     pump(100);
-    px = w.readPixels();
-    EXPECT_EQ(pixel(w, px, 40, 50), rgba(64, 64, 64));
-    EXPECT_EQ(pixel(w, px, 140, 50), rgba(0, 0, 255));
+    EXPECT_EQ(pixels(w, {{40, 50}, {140, 50}}), (Pixels{grey, rgba(0, 0, 255)}));
 }
 
 TEST_F(ScreenPixels, ScreenshotWritesThePngOfTheWindow) {
@@ -184,10 +189,9 @@ TEST_F(ScreenPixels, ScreenshotWritesThePngOfTheWindow) {
     std::filesystem::remove(path);
     ASSERT_EQ(width, 64);
     ASSERT_EQ(height, 48);
-    EXPECT_EQ(WsScreenshot::pixelAt(png, width, height, 0, 0), rgba(0, 255, 0));
-    EXPECT_EQ(WsScreenshot::pixelAt(png, width, height, 16, 0), rgba(64, 64, 64));
-    EXPECT_EQ(WsScreenshot::pixelAt(png, width, height, 15, 7), rgba(0, 255, 0));
-    EXPECT_EQ(WsScreenshot::pixelAt(png, width, height, 15, 8), rgba(64, 64, 64));
+    EXPECT_EQ(png, w.readPixels());
+    EXPECT_EQ(pixels(w, {{0, 0}, {16, 0}, {15, 7}, {15, 8}}),
+              (Pixels{rgba(0, 255, 0), grey, rgba(0, 255, 0), grey}));
     EXPECT_THROW(w.writeScreenshot(OsFilePath("/nonexistent-dir/x.png")),
                  WsScreenshot::ExWriteFailed);
 }
@@ -210,12 +214,9 @@ TEST_F(ScreenPixels, ImagePartlyOffTheLowerLeftCornerKeepsItsPixelsInPlace) {
     });
     b->markForUpdate();
     pump(100);
-    std::vector<std::uint8_t> px = w.readPixels();
-    EXPECT_EQ(pixel(w, px, 0, 0), rgba(50, 70, 200));
-    EXPECT_EQ(pixel(w, px, 14, 12), rgba(190, 190, 200));
-    EXPECT_EQ(pixel(w, px, 3, 9), rgba(80, 160, 200));
-    EXPECT_EQ(pixel(w, px, 15, 0), rgba(0, 0, 0));
-    EXPECT_EQ(pixel(w, px, 0, 13), rgba(0, 0, 0));
+    EXPECT_EQ(pixels(w, {{0, 0}, {14, 12}, {3, 9}, {15, 0}, {0, 13}}),
+              (Pixels{rgba(50, 70, 200), rgba(190, 190, 200), rgba(80, 160, 200), rgba(0, 0, 0),
+                      rgba(0, 0, 0)}));
 }
 
 TEST_F(ScreenMarks, OnlyTheMarkedWidgetIsRepainted) {
@@ -240,9 +241,7 @@ TEST_F(ScreenMarks, OnlyTheMarkedWidgetIsRepainted) {
     EXPECT_GE(da.count, 1);
     EXPECT_EQ(db.count, 0);
     EXPECT_GE(w.getSwapCount(), swaps + 1);
-    std::vector<std::uint8_t> px = w.readPixels();
-    EXPECT_EQ(pixel(w, px, 30, 30), rgba(255, 0, 0));
-    EXPECT_EQ(pixel(w, px, 120, 30), rgba(0, 255, 0));
+    EXPECT_EQ(pixels(w, {{30, 30}, {120, 30}}), (Pixels{rgba(255, 0, 0), rgba(0, 255, 0)}));
 }
 
 TEST_F(ScreenEvents, ResizeFollowsTheWindowAndFillsTheRoot) {
@@ -251,11 +250,9 @@ TEST_F(ScreenEvents, ResizeFollowsTheWindowAndFillsTheRoot) {
     pump(300);
     EXPECT_EQ(w.getRect().width(), 160);
     EXPECT_EQ(w.getRect().height(), 120);
-    EXPECT_EQ(w.getRootContainer()->getRect().width(), 160);
-    EXPECT_EQ(w.getRootContainer()->getRect().height(), 120);
-    std::vector<std::uint8_t> px = w.readPixels();
-    ASSERT_EQ(px.size(), 160u * 120u * 4u);
-    EXPECT_EQ(pixel(w, px, 159, 119), rgba(64, 64, 64));
+    EXPECT_EQ(w.getRootContainer()->getRect(), (GeRectangle<int>{0, 160, 0, 120}));
+    EXPECT_EQ(w.readPixels().size(), 160u * 120u * 4u);
+    EXPECT_EQ(pixels(w, {{159, 119}}), Pixels{grey});
 }
 
 TEST_F(ScreenEvents, ExposeRepaintsTheWindow) {
@@ -366,8 +363,7 @@ TEST_F(ScreenStencil, OverdrawShowsAsTheHeatMapColours) {
     EXPECT_PRED2(near, pixel(w, px, 40, 50), rgba(96, 25, 137));
     w.setStencilMode(0);
     w.markForUpdate();
-    px = w.readPixels();
-    EXPECT_EQ(pixel(w, px, 40, 50), rgba(255, 0, 0));
+    EXPECT_EQ(pixels(w, {{40, 50}}), Pixels{rgba(255, 0, 0)});
 }
 
 } // namespace
@@ -451,24 +447,20 @@ TEST_F(ScreenReference, AlignedTextAndIconsLookAsTheReference) {
 TEST_F(ScreenReference, PushButtonsAndTogglesLookAsTheReference) {
     UiTopLevel& w = open(240, 100);
     UiContainer* root = w.getRootContainer().get();
-    auto out = UiPushButton::create(root, "out");
-    out->setRect({10, 110, 55, 85});
-    out->getLabel().setFont(WsFontRegistry::Bold12Font);
-    out->getLabel().setString("OK");
-    auto pushed = UiPushButton::create(root, "pushed");
-    pushed->setRect({130, 230, 55, 85});
-    pushed->getLabel().setFont(WsFontRegistry::Bold12Font);
-    pushed->getLabel().setString("Cancel");
-    pushed->setActive(true);
-    auto off = UiToggleButton::create(root, "off");
-    off->setRect({10, 110, 15, 45});
-    off->setFont(WsFontRegistry::Bold12Font);
-    off->setLabels("Loop", "Looping");
-    auto on = UiToggleButton::create(root, "on");
-    on->setRect({130, 230, 15, 45});
-    on->setFont(WsFontRegistry::Bold12Font);
-    on->setLabels("Loop", "Looping");
-    on->setState(true, false);
+    for (bool active : {false, true}) {
+        auto button = UiPushButton::create(root, active ? "pushed" : "out");
+        button->setRect(active ? GeRectangle<int>{130, 230, 55, 85}
+                               : GeRectangle<int>{10, 110, 55, 85});
+        button->getLabel().setFont(WsFontRegistry::Bold12Font);
+        button->getLabel().setString(active ? "Cancel" : "OK");
+        button->setActive(active);
+        auto toggle = UiToggleButton::create(root, active ? "on" : "off");
+        toggle->setRect(active ? GeRectangle<int>{130, 230, 15, 45}
+                               : GeRectangle<int>{10, 110, 15, 45});
+        toggle->setFont(WsFontRegistry::Bold12Font);
+        toggle->setLabels("Loop", "Looping");
+        toggle->setState(active, false);
+    }
     pump(100);
     expectMatchesReference(w, w.readPixels(), "buttons");
 }
