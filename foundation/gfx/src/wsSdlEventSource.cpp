@@ -155,15 +155,29 @@ bool WsSdlEventSource::isPumpThread() const {
 }
 
 void WsSdlEventSource::pump() {
-    // One read of the connection, then SDL's queue as it stands: SDL_PollEvent would read the
-    // connection again for every event it returns.
-    SDL_PumpEvents();
+    // What SDL already holds comes first and costs no system call; the connection is read only
+    // when that is empty, and then once: SDL_PollEvent would read it again for every event it
+    // returns. Events still on the connection are younger than those queued, so order holds.
+    if (!takeQueued()) {
+        SDL_PumpEvents();
+        takeQueued();
+    }
+    closeLostWindows();
+}
+
+bool WsSdlEventSource::takeQueued() {
     SDL_Event events[16];
     int n = 0;
-    while ((n = SDL_PeepEvents(events, 16, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT)) > 0)
-        for (int i = 0; i < n; ++i)
+    bool took = false;
+    while ((n = SDL_PeepEvents(events, 16, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT)) > 0) {
+        for (int i = 0; i < n; ++i) {
+            // Wake-ups only say that our own queue has something: a stream of them from other
+            // threads must not keep the connection from being read.
+            took = took || events[i].type != _wakeUpType;
             translate(events[i]);
-    closeLostWindows();
+        }
+    }
+    return took;
 }
 
 void WsSdlEventSource::closeLostWindows() {

@@ -22,6 +22,9 @@ public:
     void wakeUp() override;
     // Reports the windows that X errors named as gone as closed.
     void closeLostWindows();
+    // Translates the events SDL holds now, without reading the connection; whether any was
+    // more than a wake-up.
+    bool takeQueued();
 
     // The toolkit's key code (EvKeyCode) of an SDL key code; 0 for a key it doesn't know.
     static int toKeyCode(std::int32_t sdlKey);
