@@ -1,10 +1,12 @@
 // The gallery, the toolkit's main program: a window of widgets in named colours, framed panels,
 // a shaded background, text in the registry's fonts, a panel built from a widget definition
-// showing the shipped icons, a panel of text fields, and two push buttons. `--screenshot
-// FILE.png` writes what it shows, `--frames N` times N full repaints, `--size WxH` resizes the
-// window once it is open. Exit status 2 is bad arguments, 3 that no window can be opened.
+// showing the shipped icons, a panel of text fields, one of sliders, and two push buttons.
+// `--screenshot FILE.png` writes what it shows, `--frames N` times N full repaints, `--size WxH`
+// resizes the window once it is open. Exit status 2 is bad arguments, 3 that no window can be
+// opened.
 #include "zrUi.h"
 
+#include "galleryRanges.h"
 #include "galleryText.h"
 #include "gfxImageUtil.h"
 #include "ixTile.h"
@@ -100,7 +102,7 @@ void place(UiWidget& w, char const* constraint) {
 class Gallery {
 public:
     Gallery() {
-        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({80, 731, 80, 640});
+        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({80, 731, 80, 738});
         style.setMainWindow(true); // closing it quits
         _window = UiTopLevel::create("ZRui gallery", nullptr, style);
         _window->setWindowTitle("ZRui gallery");
@@ -121,6 +123,7 @@ public:
         buildSwatches(root);
         buildButtons(root);
         _textPanel = std::make_unique<GalleryTextPanel>(root, "14 p l 7 p s ok -14 p r 77 p h");
+        _ranges = std::make_unique<GalleryRanges>(_window->getRootContainer(), "textPanel");
         buildTextPanel(root);
         buildDefinedPanel();
         // Tab and Shift+Tab step among the buttons; the first has the keyboard focus.
@@ -237,7 +240,7 @@ private:
     // Between the swatches and the buttons, left of the middle: the registry's faces.
     void buildTextPanel(UiContainer* root) {
         RCShdPtr<UiWidget> panel = plain(root, "typography", "TextBackground", "In");
-        place(*panel, "14 p l 7 p s textPanel -4 p c -119 p t");
+        place(*panel, "14 p l 7 p s rangesPanel -4 p c -119 p t");
         paint(panel.get(), [this](GeRectangle<int> const& r) {
             heading(r, "Type");
             float const x = r.x1 + 14.f;
@@ -323,6 +326,7 @@ private:
     RCShdPtr<UiPushButton> _ok, _cancel;
     std::unique_ptr<CbFunction<EvEvent>> _onOk, _onCancel;
     std::unique_ptr<GalleryTextPanel> _textPanel;
+    std::unique_ptr<GalleryRanges> _ranges;
     std::vector<std::unique_ptr<Painter>> _painters;
     std::string _status = "Drag a colour here, or Tab and Return.";
     int _okCount = 0;
