@@ -202,19 +202,15 @@ TEST_F(WidgetTest, ExposeEventAtAWidgetAbortsTheProgram) {
 }
 
 TEST_F(WidgetTest, OpaqueWithinOneRelativeFloatStep) {
-    auto opaque = [&](float v) {
+    // One step below or above 1 is opaque, three half steps below or four above are not.
+    std::string opaque;
+    for (float v :
+         {1.0f, std::nextafter(1.0f, 0.0f), 1.0f - 1.1920929e-7f, 1.0f - 3 * 5.9604645e-8f,
+          std::nextafter(1.0f, 2.0f), 1.0f + 4 * 1.1920929e-7f, 0.5f, 0.0f, INFINITY}) {
         w->setOpacity(v);
-        return w->isOpaque();
-    };
-    EXPECT_TRUE(opaque(1.0f));
-    EXPECT_TRUE(opaque(std::nextafter(1.0f, 0.0f)));
-    EXPECT_TRUE(opaque(1.0f - 1.1920929e-7f));
-    EXPECT_FALSE(opaque(1.0f - 3 * 5.9604645e-8f));
-    EXPECT_TRUE(opaque(std::nextafter(1.0f, 2.0f)));
-    EXPECT_FALSE(opaque(1.0f + 4 * 1.1920929e-7f));
-    EXPECT_FALSE(opaque(0.5f));
-    EXPECT_FALSE(opaque(0.0f));
-    EXPECT_FALSE(opaque(INFINITY));
+        opaque += w->isOpaque() ? 'y' : 'n';
+    }
+    EXPECT_EQ(opaque, "yyynynnnn");
 }
 
 TEST_F(WidgetDamage, TranslucentWidgetMarksItsParentToo) {
