@@ -126,7 +126,8 @@ public:
         _ranges = std::make_unique<GalleryRanges>(_window->getRootContainer(), "textPanel");
         buildTextPanel(root);
         buildDefinedPanel();
-        // Tab and Shift+Tab step among the buttons; the first has the keyboard focus.
+        // Tab and Shift+Tab step among the fields and buttons in reading order; the first text
+        // field has the keyboard focus.
         root->setTabbingEnabled(true);
         root->refreshTabbingState();
     }
