@@ -10,7 +10,8 @@ bash scripts/install-deps.sh
 build=${ZR_BENCH_BUILD_DIR:-build-bench}
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Release -DZR_SANITIZE=OFF -DZR_BUILD_TESTS=OFF \
   -DZR_BUILD_BENCH=ON >/dev/null
-cmake --build "$build" -j"$(nproc)" --target uiScaleBench uiEventLoopBench uiRedrawBench >/dev/null
+cmake --build "$build" -j"$(nproc)" --target uiScaleBench uiEventLoopBench uiRedrawBench \
+  uiResTableReadBench >/dev/null
 export ZR_RESOURCES_DIR=$PWD/resources LIBGL_ALWAYS_SOFTWARE=1 SDL_VIDEODRIVER=x11
 bench="$build/bench"
 median() { # program [arguments]: "name cpu unit counter" lines of the medians
@@ -21,6 +22,7 @@ median() { # program [arguments]: "name cpu unit counter" lines of the medians
 {
   median "$bench/uiScaleBench"
   median "$bench/uiEventLoopBench" --benchmark_filter=BM_ClickThroughLoop
+  median "$bench/uiResTableReadBench" --benchmark_filter='File/5|Pugixml'
   if [ -n "${DISPLAY:-}" ]; then
     median "$bench/uiRedrawBench" --benchmark_filter='Click|OneMarked'
   elif command -v xvfb-run >/dev/null; then
@@ -39,6 +41,7 @@ BEGIN {
   b["BM_PlainWidgetHeap/1000/iterations:3"] = "816 bytes/widget"
   b["BM_ClickThroughLoop"] = "1.64 us"; b["BM_SdlClickToActivateCallback"] = "7.09 us"
   b["BM_RedrawOneMarkedOf2000Widgets1080p"] = "0.208 ms"
+  b["BM_ResTableReadFile/5"] = "25 ms"; b["BM_PugixmlParse5MB"] = "2.4 ms"
   printf "%-40s %-18s %s\n", "benchmark", "before", "after"
 }
 {

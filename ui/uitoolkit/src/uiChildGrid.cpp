@@ -1,8 +1,6 @@
 // UiChildGrid: cells of children over a container's canvas.
 #include "uiChildGrid.h"
 
-#include "uiWidget.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -37,7 +35,7 @@ void UiChildGrid::insert(UiWidget* child, GeRectangle<int> const& rect) {
         return;
     for (int y = y1; y <= y2; ++y)
         for (int x = x1; x <= x2; ++x)
-            _cells[static_cast<std::size_t>(y) * _columns + x].push_back(child);
+            _cells[static_cast<std::size_t>(y) * _columns + x].push_back({child, rect});
 }
 
 void UiChildGrid::erase(UiWidget* child, GeRectangle<int> const& rect) {
@@ -47,7 +45,8 @@ void UiChildGrid::erase(UiWidget* child, GeRectangle<int> const& rect) {
     for (int y = y1; y <= y2; ++y)
         for (int x = x1; x <= x2; ++x) {
             auto& cell = _cells[static_cast<std::size_t>(y) * _columns + x];
-            auto it = std::find(cell.begin(), cell.end(), child);
+            auto it = std::find_if(cell.begin(), cell.end(),
+                                   [child](Entry const& e) { return e.child == child; });
             if (it != cell.end()) {
                 *it = cell.back();
                 cell.pop_back();
@@ -62,9 +61,9 @@ void UiChildGrid::collect(GeRectangle<int> const& rect, std::vector<UiWidget*>& 
     std::size_t const first = out.size();
     for (int y = y1; y <= y2; ++y)
         for (int x = x1; x <= x2; ++x) {
-            for (UiWidget* child : _cells[static_cast<std::size_t>(y) * _columns + x])
-                if (child->getRect().intersects(rect))
-                    out.push_back(child);
+            for (Entry const& entry : _cells[static_cast<std::size_t>(y) * _columns + x])
+                if (entry.rect.intersects(rect))
+                    out.push_back(entry.child);
         }
     // A child over several cells was met in each.
     if ((x1 != x2 || y1 != y2) && out.size() - first > 1) {

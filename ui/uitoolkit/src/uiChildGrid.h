@@ -38,7 +38,13 @@ private:
     int _height = -1;
     int _columns = 0;
     int _cellSize = 64;
-    std::vector<std::vector<UiWidget*>> _cells;
+    // Each cell keeps its children's rectangles beside them: a query reads the cell's own
+    // memory and touches only the children it returns, not every neighbour's record.
+    struct Entry {
+        UiWidget* child;
+        GeRectangle<int> rect;
+    };
+    std::vector<std::vector<Entry>> _cells;
 };
 
 } // namespace Zr

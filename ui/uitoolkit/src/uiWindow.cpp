@@ -168,9 +168,13 @@ bool UiWindow::redrawAndRead(std::vector<std::uint8_t>* readBack) {
     double drawTime = secondsSince(start);
     auto swapStart = std::chrono::steady_clock::now();
     swapBuffers();
-    if (_imp->_intervals.size() >= MaxIntervals)
-        _imp->_intervals.erase(_imp->_intervals.begin());
-    _imp->_intervals.emplace_back(drawTime, secondsSince(swapStart));
+    // The latest MaxIntervals redraws, kept in a ring: a redraw must not move the others.
+    std::pair<double, double> const interval(drawTime, secondsSince(swapStart));
+    if (_imp->_intervals.size() < MaxIntervals)
+        _imp->_intervals.push_back(interval);
+    else
+        _imp->_intervals[_imp->_nextInterval] = interval;
+    _imp->_nextInterval = (_imp->_nextInterval + 1) % MaxIntervals;
     return true;
 }
 
@@ -249,6 +253,7 @@ GeRectangle<int> UiWindow::mapRectToParentWindow(GeRectangle<int> const& rect) c
 void UiWindow::snapStatistics() {
     // The timings stay here until the statistics service takes them.
     _imp->_intervals.clear();
+    _imp->_nextInterval = 0;
 }
 
 bool UiWindow::isFullscreen() const {

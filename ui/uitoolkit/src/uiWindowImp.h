@@ -45,6 +45,7 @@ public:
     int _swapCount = 0;
     // Per redraw: seconds spent drawing, seconds spent swapping.
     std::vector<std::pair<double, double>> _intervals;
+    std::size_t _nextInterval = 0; // where the next one goes once the ring is full
     CbMethod<UiWindowImp, GeRectangle<int> const> _resizeHandler;
     CbMethod<UiWindowImp, GeRectangle<int> const> _exposeHandler;
     CbMethod<UiWindowImp, CbEmptyType> _redrawHandler;
