@@ -208,11 +208,14 @@ TEST_F(TextField, TypingThenEnterCommitsAndEscapeRestoresWithCallbacksInOrder) {
          true,
          {"changed", "changed"},
          {"MSG_SYNTAX_ERROR"}},
+        // Read-only: nothing typed goes in; Return ends the edit without a commit.
+        {"read-only", nullptr, "ab", "cd", K::Return, "ab", false, {}, {}},
     };
     for (EditRow const& r : rows) {
         SCOPED_TRACE(r.name);
         field->setFilter(r.filter);
         field->setString(r.start);
+        field->readOnly(std::string(r.name) == "read-only");
         log.clear();
         Messages messages;
         key(K::Return); // not editing: Return starts the edit with everything selected
@@ -308,12 +311,7 @@ TEST_F(TextField, FiltersAcceptRefuseAndRewriteAsTheirRulesSay) {
          false,
          file.c_str(),
          {"Path must be a directory."}},
-        {"file asked",
-         anyFile,
-         dir.c_str(),
-         false,
-         dir.c_str(),
-         {"Path must be a file."}},
+        {"file asked", anyFile, dir.c_str(), false, dir.c_str(), {"Path must be a file."}},
         {"missing",
          directory,
          "/no/such/dir",
