@@ -319,11 +319,17 @@ TEST_F(SliderLoop, DragThroughTheLoopSetsTheValueReportsItAndClampsAtTheEnds) {
     run();
     EXPECT_EQ(slider->getValue(), 1.0);
     EXPECT_EQ(slider->getHandle().position, slider->getCanvas().x2 - 6); // the travel's end
+    // Further on past the end the value stays: nothing is reported and nothing marked.
+    slider->clearMarks();
+    post(LoopTest::makeMove(id, {500, 20}, 1.0f, Left));
+    run();
+    EXPECT_TRUE(slider->getMarkedRects().empty());
     post(LoopTest::makeUp(id, {-50, 20}, Left, 0));
     run();
     EXPECT_EQ(slider->getValue(), 0.0);
     EXPECT_EQ(log, (Log{"pre", "changed 0.5", "changed 1", "changed 0", "post"}));
     EXPECT_EQ(UiGrab::pointer().getCurrent(), nullptr);
+    EXPECT_FALSE(slider->getMarkedRects().empty());
 }
 
 TEST(RangeParts, OrientationNamesAndCellsFollowTheirRules) {

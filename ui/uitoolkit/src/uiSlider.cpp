@@ -253,8 +253,9 @@ void UiSlider::onArm(EvEvent& event) {
 void UiSlider::onMmove(EvEvent& event) {
     if (!_sliderImp->interacting)
         return;
+    // A new value marks the slider through updateValue; a stream of moves that leave the value
+    // where it is stays silent and draws nothing.
     valueFromPointer(event);
-    markForUpdate();
 }
 
 void UiSlider::onDisarm(EvEvent& event) {
