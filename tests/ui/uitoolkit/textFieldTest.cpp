@@ -19,6 +19,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <limits>
 #include <list>
 
 namespace Zr {
@@ -363,6 +364,12 @@ TEST_F(TextField, BufferLimitsAndRefusalsLeaveTheTextWhole) {
              return f.insertString("xy");
          },
          false, "abcdef"},
+        {"largest capacity",
+         [](UiTextField& f) {
+             f.setBufLength(std::numeric_limits<int>::max());
+             return f.insertString("x");
+         },
+         true, "abcdefx"},
         {"bad utf-8 repaired", [](UiTextField& f) { return f.setString("a\xff"); }, true,
          "a\xef\xbf\xbd"},
         {"refused set",

@@ -31,6 +31,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <limits>
 
 namespace Zr {
 
@@ -329,12 +330,17 @@ bool UiTextField::insertString(char const* text) {
     std::string const s = UiResText::toValidUtf8(text ? text : "");
     if (_imp->filter && !_imp->filter->isValid(LiString(s)))
         return false;
-    int const selected = std::abs(_selEnd - _selStart);
-    if (static_cast<int>(_buffer.size()) - selected + static_cast<int>(s.size()) >=
-        _imp->bufferSize)
+    if (!fits(s.size()))
         return false;
     replaceRange(std::min(_selStart, _selEnd), std::max(_selStart, _selEnd), s);
     return true;
+}
+
+bool UiTextField::fits(std::size_t inserted) const {
+    // In 64 bits: a pasted text longer than an int can hold must not wrap round.
+    auto const selected = static_cast<long long>(std::abs(_selEnd - _selStart));
+    return static_cast<long long>(_buffer.size()) - selected + static_cast<long long>(inserted) <
+           _imp->bufferSize;
 }
 
 void UiTextField::deleteChar() {
@@ -637,7 +643,8 @@ void UiTextField::stateChanged() {
 // --- others ----------------------------------------------------------------------------------
 
 void UiTextField::setBufLength(int length) {
-    length = std::max(0, length);
+    // The capacity plus one must stay an int.
+    length = std::clamp(length, 0, std::numeric_limits<int>::max() - 1);
     if (length + 1 == _imp->bufferSize)
         return;
     _imp->bufferSize = length + 1;
@@ -893,9 +900,7 @@ void UiTextField::onInputChar(EvEvent& event) {
         return;
     if (_imp->filter && !_imp->filter->isValidCharacter(utf8))
         return;
-    int const selected = _selEnd - _selStart;
-    if (static_cast<int>(_buffer.size()) - std::abs(selected) + static_cast<int>(utf8.size()) >=
-        _imp->bufferSize)
+    if (!fits(utf8.size()))
         return;
     replaceRange(std::min(_selStart, _selEnd), std::max(_selStart, _selEnd), utf8);
 }

@@ -178,6 +178,8 @@ private:
     void rebuildGlyphTable();
     void scrollToCursor();
     int indexAt(int x) const;
+    // Whether `inserted` bytes in place of the selection stay within the capacity.
+    bool fits(std::size_t inserted) const;
     void moveCursor(int to, bool extend);
     void selectWordAt(int position);
     void fire(int which, EvEvent& event);
