@@ -332,8 +332,15 @@ bool UiTextField::insertString(char const* text) {
         return false;
     if (!fits(s.size()))
         return false;
-    replaceRange(std::min(_selStart, _selEnd), std::max(_selStart, _selEnd), s);
+    replaceSelection(s);
     return true;
+}
+
+void UiTextField::replaceSelection(std::string const& text) {
+    if (_selStart == _selEnd)
+        replaceRange(_cursor, _cursor, text);
+    else
+        replaceRange(std::min(_selStart, _selEnd), std::max(_selStart, _selEnd), text);
 }
 
 bool UiTextField::fits(std::size_t inserted) const {
@@ -902,7 +909,7 @@ void UiTextField::onInputChar(EvEvent& event) {
         return;
     if (!fits(utf8.size()))
         return;
-    replaceRange(std::min(_selStart, _selEnd), std::max(_selStart, _selEnd), utf8);
+    replaceSelection(utf8);
 }
 
 // --- focus and hotkeys -------------------------------------------------------------------------

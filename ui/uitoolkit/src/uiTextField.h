@@ -173,6 +173,8 @@ private:
     // Replaces [from, to) by `text`; rebuilds the table, scrolls, redraws, fires content
     // changed.
     void replaceRange(int from, int to, std::string const& text);
+    // Puts `text` in place of the selection, or at the cursor when there is none.
+    void replaceSelection(std::string const& text);
     void assignText(std::string text, CursorPosition cursor, bool callContentChanged,
                     bool callSetValue);
     void rebuildGlyphTable();
