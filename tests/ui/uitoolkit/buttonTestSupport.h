@@ -41,12 +41,6 @@ inline void clickOn(UiWidget& w) {
     releaseOn(w);
 }
 
-inline EvKeyPressEvent keyPressOf(int key) {
-    EvKeyPressEvent e;
-    e.setTriggerKey(key);
-    return e;
-}
-
 class ButtonFixture : public ::testing::Test {
 protected:
     void SetUp() override {

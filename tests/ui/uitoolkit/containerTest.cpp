@@ -373,10 +373,7 @@ protected:
         return focus ? focus->getName().str() : "(none)";
     }
     static EvKeyPressEvent tabPress(bool shift) {
-        EvKeyPressEvent press;
-        press.setTriggerKey(EvKeyCode::Tab);
-        press.setKeyboardState(EvKeyboardState(shift ? EvKeyboardState::Shift : 0u));
-        return press;
+        return UiTest::keyPressOf(EvKeyCode::Tab, shift ? EvKeyboardState::Shift : 0u);
     }
 
     RCShdPtr<MappedRoot> root;

@@ -59,6 +59,25 @@ protected:
         handlers.push_back(std::move(key));
     }
     static UiFocusKeyboard& focus() { return UiFocusKeyboard::getInstance(); }
+    // The widget of that name in the tree, null for "".
+    UiWidget* widget(std::string const& name) const {
+        for (UiWidget* w : std::initializer_list<UiWidget*>{root.get(), a.get(), b.get(), a1.get(),
+                                                            a2.get(), b1.get()})
+            if (w->getName().str() == name)
+                return w;
+        return nullptr;
+    }
+    // Each widget's kind of focus, root a b a1 a2 b1: H has it, C contains it, - neither.
+    std::string kinds() const {
+        std::string out;
+        for (char const* name : {"root", "a", "b", "a1", "a2", "b1"}) {
+            int const kind = widget(name)->getKeyboardFocusType();
+            out += kind == UiWidget::HasKeyboardFocus        ? 'H'
+                   : kind == UiWidget::ContainsKeyboardFocus ? 'C'
+                                                             : '-';
+        }
+        return out;
+    }
 
     RCShdPtr<MappedRoot> root;
     RCShdPtr<UiContainer> a, b;
@@ -72,60 +91,33 @@ using Log = std::vector<std::string>;
 
 } // namespace
 
-TEST_F(FocusKeyboard, FocusInRunsUpTheNewChainBelowTheRoot) {
-    focus().setFocus(a1);
-    EXPECT_EQ(focus().getFocus(), a1.get());
-    EXPECT_EQ(log, (Log{"in a1", "in a"}));
-    EXPECT_EQ(a1->getKeyboardFocusType(), UiWidget::HasKeyboardFocus);
-    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::ContainsKeyboardFocus);
-    EXPECT_EQ(root->getKeyboardFocusType(), UiWidget::NoKeyboardFocus);
-}
-
-TEST_F(FocusKeyboard, MovingAcrossBranchesLeavesTheOldChainFirst) {
-    focus().setFocus(a1);
-    log.clear();
-    focus().setFocus(b1);
-    EXPECT_EQ(log, (Log{"out a1", "out a", "in b1", "in b"}));
-    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::NoKeyboardFocus);
-    EXPECT_EQ(b->getKeyboardFocusType(), UiWidget::ContainsKeyboardFocus);
-}
-
-TEST_F(FocusKeyboard, CommonAncestorsHearNothing) {
-    focus().setFocus(a1);
-    log.clear();
-    focus().setFocus(a2);
-    EXPECT_EQ(log, (Log{"out a1", "in a2"}));
-    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::ContainsKeyboardFocus);
-}
-
-TEST_F(FocusKeyboard, FocusMovingToAnAncestorAndBackChangesItsKind) {
-    focus().setFocus(a1);
-    log.clear();
-    focus().setFocus(a.get());
-    EXPECT_EQ(log, (Log{"out a1", "out a", "in a"}));
-    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::HasKeyboardFocus);
-    log.clear();
-    focus().setFocus(a1);
-    EXPECT_EQ(log, (Log{"out a", "in a1", "in a"}));
-    EXPECT_EQ(a->getKeyboardFocusType(), UiWidget::ContainsKeyboardFocus);
-}
-
-TEST_F(FocusKeyboard, NullFocusClearsAndLeavesTheWholeChain) {
-    focus().setFocus(a1);
-    log.clear();
-    focus().setFocus(nullptr);
-    EXPECT_EQ(focus().getFocus(), nullptr);
-    EXPECT_EQ(log, (Log{"out a1", "out a"}));
-    log.clear();
-    focus().setFocus(nullptr);
-    EXPECT_TRUE(log.empty());
-}
-
-TEST_F(FocusKeyboard, SameFocusAgainSendsNothing) {
-    focus().setFocus(a1);
-    log.clear();
-    focus().setFocus(a1);
-    EXPECT_TRUE(log.empty());
+// The notices of a move leave the old chain bottom up, then enter the new one bottom up, below
+// the root; ancestors the two chains share hear nothing, and the same focus again is no move.
+TEST_F(FocusKeyboard, MovesNotifyAlongTheChainsInOrder) {
+    struct Row {
+        char const* from;
+        char const* to;
+        Log notices;
+        char const* kinds;
+    } const rows[] = {
+        {"", "a1", {"in a1", "in a"}, "-C-H--"},
+        {"a1", "b1", {"out a1", "out a", "in b1", "in b"}, "--C--H"},
+        {"a1", "a2", {"out a1", "in a2"}, "-C--H-"},
+        {"a1", "a", {"out a1", "out a", "in a"}, "-H----"},
+        {"a", "a1", {"out a", "in a1", "in a"}, "-C-H--"},
+        {"a1", "", {"out a1", "out a"}, "------"},
+        {"", "", {}, "------"},
+        {"a1", "a1", {}, "-C-H--"},
+    };
+    for (Row const& row : rows) {
+        SCOPED_TRACE(std::string(row.from) + " to " + row.to);
+        focus().setFocus(widget(row.from));
+        log.clear();
+        focus().setFocus(widget(row.to));
+        EXPECT_EQ(log, row.notices);
+        EXPECT_EQ(focus().getFocus(), widget(row.to));
+        EXPECT_EQ(kinds(), row.kinds);
+    }
 }
 
 TEST_F(FocusKeyboard, PassesToTheNearestKeyboardFocusableAncestor) {
@@ -159,8 +151,7 @@ TEST_F(FocusKeyboard, NonFocusableWidgetEndsTheCall) {
 TEST_F(FocusKeyboard, KeysBubbleUpToButNotIntoTheRoot) {
     focus().setFocus(a1);
     log.clear();
-    EvKeyPressEvent press;
-    press.setTriggerKey(EvKeyCode::letter('x'));
+    EvKeyPressEvent press = UiTest::keyPressOf(EvKeyCode::letter('x'));
     focus().processEvent(press);
     std::string const key = "key " + std::to_string(EvKeyCode::letter('x'));
     EXPECT_EQ(log, (Log{key + " a1", key + " a"}));
@@ -168,16 +159,14 @@ TEST_F(FocusKeyboard, KeysBubbleUpToButNotIntoTheRoot) {
 
     log.clear();
     consumer = "a1";
-    EvKeyPressEvent consumed;
-    consumed.setTriggerKey(EvKeyCode::letter('x'));
+    EvKeyPressEvent consumed = UiTest::keyPressOf(EvKeyCode::letter('x'));
     focus().processEvent(consumed);
     EXPECT_EQ(log, (Log{key + " a1"}));
     EXPECT_TRUE(consumed.isProcessed());
 }
 
 TEST_F(FocusKeyboard, KeysWithoutFocusGoNowhere) {
-    EvKeyPressEvent press;
-    press.setTriggerKey(EvKeyCode::Return);
+    EvKeyPressEvent press = UiTest::keyPressOf(EvKeyCode::Return);
     focus().processEvent(press);
     EXPECT_TRUE(log.empty());
 }

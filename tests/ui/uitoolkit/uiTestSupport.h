@@ -106,6 +106,13 @@ inline EvPointerButtonDownEvent makeDown(unsigned button, GePoint2<int> at = {10
     return e;
 }
 
+inline EvKeyPressEvent keyPressOf(int key, unsigned modifiers = 0) {
+    EvKeyPressEvent e;
+    e.setTriggerKey(key);
+    e.setKeyboardState(EvKeyboardState(modifiers));
+    return e;
+}
+
 inline EvPointerButtonUpEvent makeUp(unsigned button, GePoint2<int> at = {10, 5}) {
     EvPointerButtonUpEvent e;
     e.setTriggerButton(button);
