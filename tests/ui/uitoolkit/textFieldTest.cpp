@@ -58,8 +58,7 @@ protected:
     }
     // A key through the hotkey registry and then the field, as the loop delivers it.
     void key(int code, unsigned modifiers = 0) {
-        EvKeyPressEvent e = UiTest::keyPressOf(code);
-        e.setKeyboardState(EvKeyboardState(modifiers));
+        EvKeyPressEvent e = UiTest::keyPressOf(code, modifiers);
         UiHotkeyRegistry::getInstance().processEvent(e);
         if (!e.isProcessed())
             field->processEvent(e);
