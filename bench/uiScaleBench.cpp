@@ -95,6 +95,20 @@ void BM_FullRepaintOf2000(benchmark::State& state) {
 }
 BENCHMARK(BM_FullRepaintOf2000)->Unit(benchmark::kMillisecond);
 
+// The widget under the pointer, found over the bottom-most of n children (the last a walk from
+// the top would reach), as every pointer move does.
+void BM_FindWidgetAt(benchmark::State& state) {
+    Scene scene(static_cast<int>(state.range(0)));
+    UiContainer* root = scene.window->getRootContainer().get();
+    GeRectangle<int> const first = scene.widgets.front()->getRect();
+    GePoint2<int> const p(first.x1 + 1, first.y1 + 1);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(root->findWidgetAt(p));
+    if (root->findWidgetAt(p) != scene.widgets.front().get())
+        state.SkipWithError("the pointer is not over the first widget");
+}
+BENCHMARK(BM_FindWidgetAt)->Arg(200)->Arg(2000)->Arg(20000);
+
 UiConstraint rightOf(std::string const& previous) {
     UiConstraint c;
     std::istringstream text(previous.empty() ? "0 p l 0 p b 10 p w 10 p h"

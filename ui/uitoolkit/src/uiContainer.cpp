@@ -488,6 +488,18 @@ UiWidget* UiContainer::findWidgetAt(GePoint2<int> const& p) {
     GeRectangle<int> const canvas = getCanvas();
     GePoint2<int> const local(p.x - canvas.x1, p.y - canvas.y1);
     auto& list = _children->_list;
+    // Among many children, the grid gives the few whose rectangles hold the point, top first
+    // (a child is only ever found inside its rectangle). Over the frame, outside the grid, the
+    // list is walked as for a small container.
+    if (list.size() > _gridThreshold && local.x >= 0 && local.y >= 0 && local.x < canvas.width() &&
+        local.y < canvas.height()) {
+        std::vector<UiWidget*>& over = _children->_over;
+        childrenOver({local.x, local.x + 1, local.y, local.y + 1}, INT64_MIN, over);
+        for (UiWidget* child : over)
+            if (UiWidget* hit = child->findWidgetAt(local))
+                return hit;
+        return this;
+    }
     for (auto it = list.rbegin(); it != list.rend(); ++it)
         if (UiWidget* hit = (*it)->findWidgetAt(local))
             return hit;
