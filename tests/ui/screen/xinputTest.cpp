@@ -1,7 +1,7 @@
 // Input from the X server itself, made with XTest, through SDL and the toolkit's loop: a click
 // gives keyboard focus and Tab moves it on; a press, a drag past the threshold and a release
 // carry a string from a source to a target. Skipped without a display or without XTest.
-#include "xinputDriver.h"
+#include "xinputWindowFixture.h"
 
 #include "drSrcSink.h"
 #include "snItemConvert.h"
@@ -31,10 +31,6 @@ using namespace Zr;
 using Zr::XInputTest::XInputDriver;
 
 namespace {
-
-DtTimeIndex inMs(int ms) {
-    return DtRefTimeFactory::now() + std::int64_t(ms) * 1000;
-}
 
 // Gives a string to drags and takes strings from drops, counting each call.
 class StringSink : public DrSrcSink {
@@ -66,95 +62,7 @@ private:
     std::string _give;
 };
 
-class XInputFixture : public ::testing::Test {
-protected:
-    void SetUp() override {
-        if (!WsSdl::isActive())
-            GTEST_SKIP() << "No display: " << WsSdl::getLastError();
-        if (!_x.isUsable())
-            GTEST_SKIP() << "No XTest: " << _x.getProblem();
-        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({100, 420, 100, 320});
-        style.setMainWindow(false);
-        _top = UiTopLevel::create("xinput test", nullptr, style);
-        _top->show();
-        pumpFor(200);
-        locateWindow();
-    }
-    void TearDown() override {
-        if (!_top)
-            return;
-        if (RCShdPtr<UiTransporter> t = UiApplication::getInstance().getCurrentTransporter())
-            t->cancel();
-        UiGrab::pointer().clear();
-        UiFocusKeyboard::getInstance().setFocus(static_cast<UiWidget*>(nullptr));
-        UiApplication::getInstance().clearCurrentWindow();
-        _top->getRootContainer()->removeChildren();
-        _top = nullptr;
-        pumpFor(50);
-    }
-
-    // Where window point (0, 0) lies on the screen: the pointer is warped to a known window
-    // point and the server asked where it went. The window under it gets the keyboard.
-    void locateWindow() {
-        _top->getOSWindow()->warpPointer(WarpX, WarpY);
-        _x.sync();
-        pumpFor(50);
-        int rx = 0, ry = 0;
-        unsigned long window = 0;
-        ASSERT_TRUE(_x.queryPointer(rx, ry, window));
-        _originX = rx - WarpX;
-        _originTop = ry + WarpY; // screen y of window y 0, which is the bottom row
-        if (window)
-            _x.focus(window);
-        pumpFor(50);
-    }
-
-    // Window coordinates (y up) to the screen's (y down).
-    void moveTo(int x, int y) {
-        _x.moveTo(_originX + x, _originTop - y);
-        _x.sync();
-        pumpFor(30);
-    }
-    void button(bool down) {
-        _x.button(1, down);
-        _x.sync();
-        pumpFor(30);
-    }
-    void key(char const* name) {
-        _x.key(name, true);
-        _x.key(name, false);
-        _x.sync();
-    }
-
-    // The loop by hand: dispatch what arrives and redraw, for `ms`.
-    void pumpFor(int ms) {
-        pumpUntil([] { return false; }, ms);
-    }
-    // The same until `done` holds; returns whether it did before `ms` ran out.
-    bool pumpUntil(std::function<bool()> const& done, int ms) {
-        UiApplication& app = UiApplication::getInstance();
-        DtTimeIndex const until = inMs(ms);
-        do {
-            while (OPtr<EvEvent> e = app.getNextEvent(inMs(5)))
-                app.processEvent(*e);
-            std::vector<UiWindow*> windows;
-            for (auto const& [os, ui] : app.getWindowTable())
-                windows.push_back(ui);
-            for (UiWindow* ui : windows)
-                ui->redraw();
-            if (done())
-                return true;
-        } while (DtRefTimeFactory::now() < until);
-        return done();
-    }
-
-    static constexpr int WarpX = 5, WarpY = 5;
-    XInputDriver _x;
-    RCShdPtr<UiTopLevel> _top;
-    int _originX = 0;
-    int _originTop = 0;
-};
-
+using XInputFixture = XInputTest::XInputWindowFixture;
 using XInputFocus = XInputFixture;
 using XInputDragAndDrop = XInputFixture;
 // A second top level beside the fixture's, shown and settled.
