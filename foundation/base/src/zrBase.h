@@ -45,6 +45,8 @@
 #include "rational.h"
 #include "rcBase.h"
 #include "rcWeakPtr.h"
+#include "rttiTypeBase.h"
+#include "rttiTypeRegistry.h"
 #include "sleeper.h"
 #include "smallVector.h"
 #include "statContainer.h"

@@ -8,6 +8,7 @@
 #include "piDualState.h"
 #include "smGlRecorder.h"
 #include "support/exceptionReason.h"
+#include "uiCalculatable.h"
 #include "uiColorRegistry.h"
 #include "uiConfirmButton.h"
 #include "uiDragButton.h"
@@ -164,6 +165,72 @@ TEST_F(DualStateToggle, ContextPressAndLockedPressesChangeNothing) {
     toggle->activate(activation);
     EXPECT_FALSE(toggle->getState());
     EXPECT_TRUE(log.empty());
+}
+
+// A value for the context handlers; only its identity matters.
+struct NoValue : UiCalculatable {
+    void setValue(double) override {}
+    double getValue() const override { return 0; }
+    RCShdPtr<Expression const> getExpression() const override { return {}; }
+    bool supportsExpressions() const override { return false; }
+    GeRectangle<int> getScreenRectangle() const override { return {}; }
+    RCShdPtr<UiLabelHandler const> getLabelHandler() const override { return {}; }
+};
+using ContextHandler = CbFunction<RCShdPtr<UiCalculatable> const>;
+
+TEST_F(DualStateToggle, ContextPressCallsTheContextHandlersEvenLockedAndOnlyWithAValue) {
+    RCShdPtr<UiCalculatable> const value(new NoValue);
+    ContextHandler onContext([&](auto const& c) { log.push_back(c == value ? "context" : "?"); });
+    CbFunction<EvEvent> onArm([&](EvEvent&) { log.push_back("arm"); });
+    CbFunction<EvEvent> onActivate([&](EvEvent&) { log.push_back("activate"); });
+    toggle->addContextMenuCb(&onContext);
+    toggle->addArmCb(&onArm);
+    toggle->addActivateCb(&onActivate);
+    struct Row {
+        unsigned button;
+        bool locked, withValue;
+        Log expected;
+    } const rows[] = {
+        {1, false, true, {"arm", "request on", "state on", "activate"}},
+        {1, true, true, {"arm"}},
+        {4, false, true, {"context", "arm"}},
+        {4, true, true, {"context", "arm"}},
+        {4, false, false, {"arm"}},
+    };
+    for (Row const& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        toggle->setState(false, false);
+        toggle->lock(row.locked);
+        toggle->setCalculatable(row.withValue ? value : RCShdPtr<UiCalculatable>());
+        log.clear();
+        pressOn(*toggle, row.button);
+        releaseOn(*toggle, row.button);
+        EXPECT_EQ(log, row.expected);
+        EXPECT_FALSE(holdsGrab(*toggle));
+    }
+}
+
+TEST_F(DualStateToggle, OnlyTogglesAndPushedTogglesTakeAContextMenuAndGiveItBack) {
+    int calls = 0;
+    ContextHandler onContext([&](auto const&) { ++calls; });
+    struct Row {
+        RCShdPtr<UiDualState> widget;
+        int calls;
+    } const rows[] = {{toggle, 1},
+                      {UiPushedToggle::create(root.get(), "p"), 1},
+                      {UiLabel::create(root.get(), "l"), 0}};
+    for (Row const& row : rows) {
+        SCOPED_TRACE(row.widget->getName());
+        calls = 0;
+        row.widget->setCalculatable(RCShdPtr<UiCalculatable>(new NoValue));
+        row.widget->addContextMenuCb(&onContext);
+        pressOn(*row.widget, 4);
+        releaseOn(*row.widget, 4);
+        row.widget->removeContextMenuCb(&onContext);
+        pressOn(*row.widget, 4);
+        releaseOn(*row.widget, 4);
+        EXPECT_EQ(calls, row.calls);
+    }
 }
 
 TEST_F(DualStateToggle, ActivationFromCodeFlipsAndReports) {

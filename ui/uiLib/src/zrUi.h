@@ -92,6 +92,7 @@
 #include "uiWidgetFactory.h"
 #include "uiWidgetGroupAdapter.h"
 #include "uiWidgetGroupFactory.h"
+#include "uiWidgetRttiType.h"
 #include "uiWindow.h"
 #include "valueHandlerResource.h"
 #include "uitoolkitInit.h"

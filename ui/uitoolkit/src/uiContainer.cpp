@@ -12,6 +12,7 @@
 #include "uiResText.h"
 #include "uiWidgetEvent.h"
 #include "uiWidgetImp.h"
+#include "uiWidgetRttiType.h"
 #include "uiWindow.h"
 
 #include <algorithm>
@@ -986,6 +987,10 @@ void UiContainer::setTabbingDirty() {
         if (c->_tabbingEnabled)
             break;
     }
+}
+
+RttiType<WidgetRttiType> const& UiContainer::getNodeType() const {
+    return UiWidgetTypes::Container::getType();
 }
 
 } // namespace Zr

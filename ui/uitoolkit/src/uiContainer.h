@@ -124,6 +124,7 @@ public:
     // The container's plug-in interface: the one stored with setInterface, or a new
     // UiContainerAdapter stored on first use, so that every call returns the same object.
     RCShdPtr<PiWidget> retrieveInterface() override;
+    RttiType<WidgetRttiType> const& getNodeType() const override;
     // Stores the interface that retrieveInterface returns; null clears it. An adapter of this
     // container stored here does not count as a reference to it (the container and its adapter
     // would otherwise keep each other alive): it lives as long as the container, and a plug-in

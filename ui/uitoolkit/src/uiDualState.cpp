@@ -2,6 +2,7 @@
 // release, move and key handling that flips the state.
 #include "uiDualState.h"
 
+#include "uiCalculatable.h"
 #include "uiDualStateAdapter.h"
 #include "uiFocusPointer.h"
 #include "uiGrab.h"
@@ -10,6 +11,7 @@
 #include "uiResInt.h"
 #include "uiResSet.h"
 #include "uiWidgetEvent.h"
+#include "uiWidgetRttiType.h"
 
 #include "evKeyCode.h"
 #include "smContext.h"
@@ -33,6 +35,8 @@ public:
     bool inRelease = false;
     CbDispatcher<EvEvent> stateCb;
     CbDispatcher<EvEvent> changeRequestCb;
+    CbDispatcher<RCShdPtr<UiCalculatable> const> contextCb;
+    RCShdPtr<UiCalculatable> calculatable;
     CbMethod<UiDualState, EvEvent> arm;
     CbMethod<UiDualState, EvEvent> disarm;
     CbMethod<UiDualState, EvEvent> activate;
@@ -104,6 +108,24 @@ void UiDualState::addChangeRequestCb(CbHandler<EvEvent>* h) {
 
 void UiDualState::removeChangeRequestCb(CbHandler<EvEvent>* h) {
     _dualImp->changeRequestCb.removeHandler(h);
+}
+
+// --- context menu --------------------------------------------------------------------------
+
+void UiDualState::addContextHandler(CbHandler<RCShdPtr<UiCalculatable> const>* h) {
+    _dualImp->contextCb.addHandler(h);
+}
+
+void UiDualState::removeContextHandler(CbHandler<RCShdPtr<UiCalculatable> const>* h) {
+    _dualImp->contextCb.removeHandler(h);
+}
+
+void UiDualState::addContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>*) {}
+
+void UiDualState::removeContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>*) {}
+
+void UiDualState::setCalculatable(RCShdPtr<UiCalculatable> const& calculatable) {
+    _dualImp->calculatable = calculatable;
 }
 
 // --- labels --------------------------------------------------------------------------------
@@ -192,8 +214,13 @@ bool UiDualState::hasPointerFocusNow() const {
 
 void UiDualState::onArm(EvEvent& event) {
     auto const* press = dynamic_cast<EvPointerButtonEvent const*>(&event);
-    if (press && press->getTriggerButton() == ContextButton)
+    if (press && press->getTriggerButton() == ContextButton) {
+        // Locked or not: a locked toggle still offers its value's context menu. A copy, so
+        // that a handler that replaces the calculatable leaves the others the same one.
+        if (RCShdPtr<UiCalculatable> const calculatable = _dualImp->calculatable)
+            _dualImp->contextCb.call(calculatable);
         return;
+    }
     if (isLocked())
         return;
     if (_stateChangedOnArm) {
@@ -254,6 +281,10 @@ void UiDualState::onKeyPress(EvEvent& event) {
     EvPointerButtonDownEvent down;
     arm(down);
     disarm();
+}
+
+RttiType<WidgetRttiType> const& UiDualState::getNodeType() const {
+    return UiWidgetTypes::DualState::getType();
 }
 
 } // namespace Zr

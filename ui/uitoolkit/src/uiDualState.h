@@ -8,6 +8,7 @@
 
 namespace Zr {
 
+class UiCalculatable;
 class UiDualStateImp;
 
 class UiDualState : public UiWidget {
@@ -20,6 +21,10 @@ public:
     // runs in every case.
     virtual void setState(bool state, bool notify = true);
     virtual bool getState() const { return _state; }
+    // The context menu of a widget that offers one (a toggle button, a pushed toggle): the
+    // handler joins the context handlers. Here, and so on a label, they do nothing.
+    virtual void addContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h);
+    virtual void removeContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h);
     // Called when label `id` moved or changed: redraws when it is the label of the present
     // state.
     virtual void stringChanged(int id);
@@ -33,6 +38,13 @@ public:
     // Refuses the change being requested; a second call within the same request undoes the
     // first.
     void rejectChangeRequest();
+    // A press of the context button (trigger 4) calls these handlers with the calculatable,
+    // locked or not, and does nothing else; without a calculatable it does nothing at all.
+    void addContextHandler(CbHandler<RCShdPtr<UiCalculatable> const>* h);
+    void removeContextHandler(CbHandler<RCShdPtr<UiCalculatable> const>* h);
+    // The value a context menu acts on (an input's keyframes and expression); null, the
+    // default, turns the context press off.
+    void setCalculatable(RCShdPtr<UiCalculatable> const& calculatable);
 
     // Label 0 belongs to the off state, label 1 to the on state; any other id gives label 0.
     UiString& getLabel(int id);
@@ -50,6 +62,7 @@ public:
 
     void adjustCoords() override;
     RCShdPtr<PiWidget> retrieveInterface() override;
+    RttiType<WidgetRttiType> const& getNodeType() const override;
 
 protected:
     UiDualState(UiContainer* parent, LiString const& name);

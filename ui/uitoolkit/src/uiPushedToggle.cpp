@@ -60,6 +60,14 @@ void UiPushedToggle::setDefaultResources(UiResSet& set) {
     set.set(RCShdPtr<UiResource>(new UiResAlign("LabelAlign", "Left Center 5 1")));
 }
 
+void UiPushedToggle::addContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h) {
+    addContextHandler(h);
+}
+
+void UiPushedToggle::removeContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h) {
+    removeContextHandler(h);
+}
+
 void UiPushedToggle::setShadedBackground(bool shaded) {
     _shaded = shaded;
     markForUpdate();

@@ -17,6 +17,9 @@ public:
     bool isShadedBackground() const { return _shaded; }
     bool isTopShadedBackground() const { return _topShaded; }
 
+    // Forward to the context handlers: a right press offers the context menu of the value.
+    void addContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h) override;
+    void removeContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h) override;
     // Knows "OnColor", "OnForegroundColor", "OffForegroundColor" and
     // "DisabledForegroundColor", then the widget's colours. Always redraws.
     void setColor(LiString const& name, CoRgbColor const& color) override;

@@ -5,6 +5,7 @@
 #include "rangeAdapter.h"
 #include "uiResRegistry.h"
 #include "uiWidgetEvent.h"
+#include "uiWidgetRttiType.h"
 #include "valueHandlerResource.h"
 
 #include "numUtil.h"
@@ -301,6 +302,10 @@ void UiRange::setResource(RCShdPtr<UiResource> const& resource) {
 
 RCShdPtr<PiWidget> UiRange::retrieveInterface() {
     return RCShdPtr<PiWidget>(new RangeAdapter(RCShdPtr<UiRange>(this)));
+}
+
+RttiType<WidgetRttiType> const& UiRange::getNodeType() const {
+    return UiWidgetTypes::Range::getType();
 }
 
 } // namespace Zr

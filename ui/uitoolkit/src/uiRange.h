@@ -97,6 +97,7 @@ public:
     void removePostEditCb(CbHandler<EvEvent>* h);
 
     RCShdPtr<PiWidget> retrieveInterface() override;
+    RttiType<WidgetRttiType> const& getNodeType() const override;
 
 protected:
     UiRange(UiContainer* parent, LiString const& name);

@@ -18,6 +18,7 @@
 #include "uiResSet.h"
 #include "uiResText.h"
 #include "uiWidgetEvent.h"
+#include "uiWidgetRttiType.h"
 
 #include "evKeyCode.h"
 #include "lgLog.h"
@@ -1111,6 +1112,10 @@ void UiTextField::userDraw(EvEvent& event) {
         GeRectangle<int> const& r = draw->getDrawRegion();
         SmGl::scissor(r.x1, r.y1, r.width(), r.height());
     }
+}
+
+RttiType<WidgetRttiType> const& UiTextField::getNodeType() const {
+    return UiWidgetTypes::TextField::getType();
 }
 
 } // namespace Zr

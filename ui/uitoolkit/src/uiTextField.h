@@ -139,6 +139,7 @@ public:
 
     void adjustCoords() override;
     RCShdPtr<PiWidget> retrieveInterface() override;
+    RttiType<WidgetRttiType> const& getNodeType() const override;
 
 protected:
     UiTextField(UiContainer* parent, LiString const& name);

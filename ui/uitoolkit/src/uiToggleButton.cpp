@@ -79,6 +79,14 @@ void UiToggleButton::setRadioFrame(bool radio) {
     installFrame(*this, radio ? "RadioOut" : "ToggleOut", OffFrame);
 }
 
+void UiToggleButton::addContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h) {
+    addContextHandler(h);
+}
+
+void UiToggleButton::removeContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h) {
+    removeContextHandler(h);
+}
+
 void UiToggleButton::setShadedBackground(bool shaded) {
     _shaded = shaded;
     markForUpdate();

@@ -17,6 +17,9 @@ public:
     void setRadioFrame(bool radio);
     bool isRadioFrame() const { return _radio; }
 
+    // Forward to the context handlers: a right press offers the context menu of the value.
+    void addContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h) override;
+    void removeContextMenuCb(CbHandler<RCShdPtr<UiCalculatable> const>* h) override;
     // Knows "OnColor", then the widget's colours. Always redraws; a new on-colour shows from
     // the next change of state.
     void setColor(LiString const& name, CoRgbColor const& color) override;

@@ -13,6 +13,7 @@
 #include "uiGrab.h"
 #include "uiWidgetEvent.h"
 #include "uiWidgetImp.h"
+#include "uiWidgetRttiType.h"
 #include "uiWindow.h"
 
 #include <algorithm>
@@ -845,6 +846,10 @@ void UiWidget::dump(std::ostream& os) const {
     os << "Widget \"" << _name << "\" rect " << _rect << (isMapped() ? " mapped" : " unmapped")
        << (isDisplayed() ? " displayed" : " hidden") << (_disabled ? " disabled" : " enabled")
        << " opacity " << _opacity << " marks " << _imp->_marks.size();
+}
+
+RttiType<WidgetRttiType> const& UiWidget::getNodeType() const {
+    return UiWidgetTypes::Widget::getType();
 }
 
 } // namespace Zr

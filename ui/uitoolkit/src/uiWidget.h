@@ -26,6 +26,7 @@ class UiResource;
 class UiWidgetImp;
 class UiWindow;
 class WsCursor;
+struct WidgetRttiType;
 
 ZR_DECLARE_EXCEPTION(UiWidgetSiblingConstraintEx, ExBase);
 
@@ -285,6 +286,11 @@ public:
     // The widget behind an interface; null for null, for an interface that is no widget
     // adapter, or for a container's adapter that outlived its container.
     static RCShdPtr<UiWidget> fromInterface(RCShdPtr<PiWidget> const& iface);
+
+    // --- run-time type --------------------------------------------------------------------
+    // The widget's type in the widget type registry; a class without a type of its own answers
+    // with its base's. The types exist while the toolkit package is started.
+    virtual RttiType<WidgetRttiType> const& getNodeType() const;
 
     // --- drag and drop --------------------------------------------------------------------
     void setDndObject(RCShdPtr<UiDragAndDrop> const& dnd);

@@ -5,6 +5,7 @@
 #include "uiApplication.h"
 #include "uiFocusPointer.h"
 #include "uiGrabHandler.h"
+#include "uiWidgetRttiType.h"
 #include "uiWindowImp.h"
 
 #include "smStateManager.h"
@@ -350,6 +351,10 @@ void UiWindow::markUp(GeRectangle<int>& rect, UiWidget* child) {
         return;
     }
     UiContainer::markUp(rect, child);
+}
+
+RttiType<WidgetRttiType> const& UiWindow::getNodeType() const {
+    return UiWidgetTypes::Window::getType();
 }
 
 } // namespace Zr

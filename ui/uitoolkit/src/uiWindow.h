@@ -65,6 +65,7 @@ public:
     void processEvent(EvEvent& event) override;
     void expose(GeRectangle<int> const& clip, GePoint2<int> const& origin) override;
     void acceptVisitor(UiWidgetVisitor& visitor) override;
+    RttiType<WidgetRttiType> const& getNodeType() const override;
     void setWindow(UiWindow* window) override;
     void setRect(GeRectangle<int> const& rect, bool notify = true) override;
     void markUp(GeRectangle<int>& rect, UiWidget* child) override;

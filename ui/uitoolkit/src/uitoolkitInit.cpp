@@ -24,6 +24,7 @@
 #include "uiTransparentLabel.h"
 #include "uiWidget.h"
 #include "uiWidgetFactory.h"
+#include "uiWidgetRttiType.h"
 #include "uiWindowImp.h"
 
 #include "exBase.h"
@@ -100,6 +101,8 @@ void UiToolkitInit::init() {
     eventsGroup() =
         std::make_unique<LgMinorGroup>(LgMajorGroup::getInstanceForName("Gfx"), "UiEvents");
     UiLogGroups::setUiEvents(eventsGroup().get());
+    // The widget types first: everything built from here on can answer getNodeType.
+    UiWidgetTypes::registerTypes();
 
     MsgFileGuard messages("uitoolkit.msg");
     UiWidget::PointerFocusFrameEnabled = UiToolkitSettings::isPointerFocusFrameEnabled();
@@ -136,6 +139,8 @@ void UiToolkitInit::exit() {
     UiExternalWidgetFactory::unregisterFactory();
     UiLogGroups::setUiEvents(nullptr);
     eventsGroup().reset();
+    // The registry asserts at process exit that no type is left in it.
+    UiWidgetTypes::deregisterTypes();
     UiArmStack::checkEmpty();
 }
 

@@ -19,10 +19,10 @@ struct UiToolkitSettings {
 };
 
 struct UiToolkitInit {
-    // Log group "UiEvents", "uitoolkit.msg", and unless no graphics are wanted the colour
-    // definitions and each widget family's start-up step.
+    // Log group "UiEvents", the widget types, "uitoolkit.msg", and unless no graphics are wanted
+    // the colour definitions and each widget family's start-up step.
     static void init();
-    // Checks that no widget stayed armed, and removes the log group.
+    // Removes the log group and the widget types, and checks that no widget stayed armed.
     static void exit();
 };
 

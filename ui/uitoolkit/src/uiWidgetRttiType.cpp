@@ -1,0 +1,25 @@
+// Registration of the widget types, bases first, and their removal in the reverse order, so
+// that no type outlives the type it derives from.
+#include "uiWidgetRttiType.h"
+
+namespace Zr {
+
+void UiWidgetTypes::registerTypes() {
+    Widget::registerType("UiWidget");
+    Container::registerType("UiContainer");
+    Window::registerType("UiWindow");
+    DualState::registerType("UiDualState");
+    Range::registerType("UiRange");
+    TextField::registerType("UiTextField");
+}
+
+void UiWidgetTypes::deregisterTypes() {
+    TextField::deregisterType();
+    Range::deregisterType();
+    DualState::deregisterType();
+    Window::deregisterType();
+    Container::deregisterType();
+    Widget::deregisterType();
+}
+
+} // namespace Zr
