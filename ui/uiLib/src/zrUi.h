@@ -7,11 +7,14 @@
 #include "zrFramework.h"
 
 // Resource tables, constraints, colours and hotkeys.
+#include "uiCalculatable.h"
+#include "uiCalculator.h"
 #include "uiColorRegistry.h"
 #include "uiColorValueChanged.h"
 #include "uiConstraint.h"
 #include "uiHotkey.h"
 #include "uiIconRegistry.h"
+#include "uiLabelHandler.h"
 #include "uiLogGroups.h"
 #include "uiResAlign.h"
 #include "uiResColor.h"
@@ -30,6 +33,7 @@
 #include "uiResText.h"
 #include "uiResource.h"
 #include "uiResourceEx.h"
+#include "uiValueEditor.h"
 #include "uiresourcesInit.h"
 
 // Widgets and their factories, frames, the event loop, windows, focus and grabs.

@@ -5,6 +5,8 @@
 
 #include "zrBase.h"
 
+#include "uiCalculator.h"
+
 #include "lkSingleton.h"
 #include "wsWindow.h"
 
@@ -188,6 +190,16 @@ public:
     // Calls the handler registered under `name`; false if there is none.
     bool popupFloatingHandler(LiString const& name, EvEvent& event);
 
+    // --- calculator -----------------------------------------------------------------------
+    // The application's calculator; the toolkit only opens it on a value.
+    void setCalculator(RCShdPtr<UiCalculator> const& calculator) { _calculator = calculator; }
+    RCShdPtr<UiCalculator> const& getCalculator() const { return _calculator; }
+    // Opens the installed calculator on `calculatable` (which may be null); nothing without one.
+    void popupCalculator(UiCalculatable* calculatable, UiCalculator::PopupMode mode) {
+        if (_calculator)
+            _calculator->popup(calculatable, mode);
+    }
+
     // --- statistics -----------------------------------------------------------------------
     // Records the queue's waiting count and the processed count, and the main window's timings.
     void snapStatistics();
@@ -259,6 +271,7 @@ private:
     bool _flushPending = false;
     int _lastWaitingEvents = 0;
     std::vector<std::pair<WsWindow*, UiWindow*>> _redrawList;
+    RCShdPtr<UiCalculator> _calculator;
 };
 
 } // namespace Zr

@@ -22,6 +22,7 @@
 #include "uiToggleButton.h"
 #include "uiTrackSlider.h"
 #include "uiTransparentLabel.h"
+#include "uiValueEditor.h"
 #include "uiWidget.h"
 #include "uiWidgetFactory.h"
 #include "uiWidgetRttiType.h"
@@ -85,6 +86,7 @@ void registerStandardWidgetFactories() {
     registerSimpleFactory<UiTextField>("TextField");
     registerSimpleFactory<UiProgressBar>("ProgressBar");
     registerSimpleFactory<UiTrackSlider>("TrackSlider");
+    registerSimpleFactory<UiValueEditor>("ValueEditor");
 }
 
 // The value handlers that resource tables can name (<LinearValueHandler A="" B=""/>).
