@@ -1,11 +1,13 @@
 // The hot path of a slider: a pointer move while it is dragged, through the window's dispatch to
 // the grabbed slider, its value-changed listener and the redraw of the handle, in a window of 4,
-// 40, 400 and 4,000 sliders (1, 10, 100 and 1,000 times a usual panel). And the move that
-// changes nothing, which must stay silent. Runs without a display.
+// 40, 400 and 4,000 sliders (1, 10, 100 and 1,000 times a usual panel); the same move posted to
+// the event queue and run through the loop; and the move that changes nothing, which must stay
+// silent. Runs without a display.
 #include "zrUi.h"
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <vector>
 
@@ -67,9 +69,25 @@ struct Panel {
     }
 
     RCShdPtr<UiTopLevel> window;
+    // Posts a move to the event queue and runs the loop until the value-changed callback.
+    void moveThroughLoop(int x) {
+        auto event = std::make_unique<EvPointerMoveEvent>();
+        event->setWindowId(window->getOSWindow()->getId());
+        event->setWCoord({x, 10});
+        event->setPointerState(EvPointerState(1));
+        WsEventQ::getInstance().postEvent(std::move(event));
+        changed = false;
+        UiApplication::getInstance().localMessageLoop(&changed, &appExit);
+    }
+
     std::vector<RCShdPtr<UiTrackSlider>> sliders;
     int changes = 0;
-    CbFunction<EvEvent> listener{[this](EvEvent&) { ++changes; }};
+    bool volatile changed = false;
+    bool volatile appExit = false;
+    CbFunction<EvEvent> listener{[this](EvEvent&) {
+        ++changes;
+        changed = true;
+    }};
 };
 
 // Each move takes the handle to the other of two places, and the window repaints it.
@@ -85,6 +103,28 @@ void BM_DragMove(benchmark::State& state) {
         state.SkipWithError("a move did not change the value");
 }
 BENCHMARK(BM_DragMove)->Arg(4)->Arg(40)->Arg(400)->Arg(4000)->Unit(benchmark::kMicrosecond);
+
+// The same move posted to the event queue and run through the loop (slice, filter, top level,
+// grab) to the value-changed callback; the window repaints between moves, outside the timing.
+void BM_DragMoveThroughLoop(benchmark::State& state) {
+    Panel panel(static_cast<int>(state.range(0)));
+    int x = 20;
+    for (auto _ : state) {
+        x = x == 20 ? 80 : 20;
+        auto const start = std::chrono::steady_clock::now();
+        panel.moveThroughLoop(x);
+        auto const end = std::chrono::steady_clock::now();
+        state.SetIterationTime(std::chrono::duration<double>(end - start).count());
+        panel.settle();
+    }
+    if (panel.changes < static_cast<int>(state.iterations()))
+        state.SkipWithError("a move did not change the value");
+}
+BENCHMARK(BM_DragMoveThroughLoop)
+    ->Arg(4)
+    ->Arg(4000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
 
 // Moves across the slider that leave the value where it is: no callback, no mark, no redraw.
 void BM_DragMoveUnchanged(benchmark::State& state) {

@@ -13,6 +13,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -86,6 +89,11 @@ struct WsFont::Imp {
     // Latin-1 by code point, the rest in a map.
     std::vector<Glyph> latin = std::vector<Glyph>(256);
     std::unordered_map<char32_t, Glyph> others;
+    // Kerning between Latin-1 characters in 1/64 pixel, as FreeType gives it: a row of 256 per
+    // left character, made when that character is first measured before another. Asking
+    // FreeType costs most of the time of measuring a line.
+    static constexpr std::int16_t NotLookedUp = std::numeric_limits<std::int16_t>::min();
+    std::unique_ptr<std::int16_t[]> latinKerning[256];
     int nbCached = 0;
     WsFontAtlas atlas;
 
@@ -246,16 +254,37 @@ float WsFont::kerning(unsigned left, unsigned right) const {
 template <class Fn>
 float WsFont::forEachGlyph(std::string_view text, unsigned flags, Fn&& fn) const {
     bool const kern = _imp->kerning && (flags & NoKerning) == 0;
+    auto kernPair = [this](char32_t left, char32_t right, unsigned leftIndex, unsigned rightIndex) {
+        if (left >= 256 || right >= 256)
+            return kerning(leftIndex, rightIndex);
+        std::unique_ptr<std::int16_t[]>& row = _imp->latinKerning[left];
+        if (!row) {
+            row = std::make_unique<std::int16_t[]>(256);
+            std::fill_n(row.get(), 256, Imp::NotLookedUp);
+        }
+        std::int16_t& cached = row[right];
+        if (cached != Imp::NotLookedUp)
+            return static_cast<float>(cached) / 64.f;
+        float const value = kerning(leftIndex, rightIndex);
+        float const units = value * 64.f;
+        if (units > static_cast<float>(Imp::NotLookedUp) &&
+            units <= static_cast<float>(std::numeric_limits<std::int16_t>::max()))
+            cached = static_cast<std::int16_t>(units);
+        return value;
+    };
     float pen = 0.f;
     unsigned previous = 0;
+    char32_t previousCode = 0;
     for (std::size_t pos = 0; pos < text.size();) {
         std::size_t const start = pos;
-        Glyph const& g = getGlyph(WsFontUtils::decodeUtf8(text, pos));
+        char32_t const code = WsFontUtils::decodeUtf8(text, pos);
+        Glyph const& g = getGlyph(code);
         if (kern && previous != 0 && g.index != 0)
-            pen += kerning(previous, g.index);
+            pen += kernPair(previousCode, code, previous, g.index);
         fn(g, pen, start);
         pen += g.advance;
         previous = g.index;
+        previousCode = code;
     }
     return pen;
 }

@@ -428,10 +428,49 @@ TEST_F(TextField, LongTextScrollsByWholeCharactersToKeepTheCursorInView) {
     int const rightEdge = end.x + static_cast<int>(font->getStringWidth(long_));
     EXPECT_LE(rightEdge, field->getCanvas().x2);
     EXPECT_GT(rightEdge, field->getCanvas().x2 - static_cast<int>(font->getStringWidth("ww")) - 3);
+    // The next long text scrolls to its end from the start, not from where the last one stood.
+    field->setString((long_ + "x").c_str());
+    EXPECT_GT(field->getFirstVisible(), 0);
     UiFocusKeyboard::getInstance().setFocus(field.get());
     key(K::Home);
     EXPECT_EQ(field->getFirstVisible(), 0);
     EXPECT_EQ(field->getTextOrigin().x, field->getCanvas().x1 + 3);
+}
+
+// Each edit re-measures only what it touched; the table must stay what measuring the whole text
+// gives, over kerning pairs, characters beyond ASCII, and edits at the start, middle and end.
+TEST_F(TextField, EditsKeepTheGlyphTableOfTheWholeText) {
+    struct Edit {
+        int from, to;
+        char const* inserted; // or, when null, the key
+        int key;
+    };
+    Edit const edits[] = {{1, 1, "W", 0},
+                          {0, 0, "V", 0},
+                          {10, 10, "o\xc3\xa9", 0},
+                          {3, 3, nullptr, K::BackSpace},
+                          {0, 0, nullptr, K::Delete},
+                          {2, 6, "\xe6\x97\xa5T", 0},
+                          {4, 4, nullptr, K::Delete},
+                          {12, 12, nullptr, K::BackSpace},
+                          {0, 13, "AV", 0},
+                          {1, 1, "", 0}};
+    RCShdPtr<UiTextField> whole = UiTextField::create(root.get(), "whole");
+    field->setString("AVAT\xc3\x96R To");
+    UiFocusKeyboard::getInstance().setFocus(field.get());
+    for (Edit const& e : edits) {
+        SCOPED_TRACE(text() + " at " + std::to_string(e.from));
+        field->setHighlight(e.from, e.to);
+        field->setCursorPos(e.to);
+        if (e.inserted)
+            field->insertString(e.inserted);
+        else
+            key(e.key);
+        whole->setString(text().c_str());
+        for (int i = 0; i <= static_cast<int>(text().size()); ++i)
+            ASSERT_EQ(field->getCharacterX(i), whole->getCharacterX(i)) << i;
+    }
+    EXPECT_EQ(text(), "AV");
 }
 
 TEST_F(TextField, FocusMovingFromAnEditingFieldStartsTheNextEdit) {

@@ -60,6 +60,12 @@ std::size_t cutOnBoundary(std::string const& text, std::size_t bytes) {
     return bytes;
 }
 
+// The nearest whole pixel, halves away from zero as lround, without its call for the usual
+// positive position.
+int toPixel(float x) {
+    return x >= 0.f ? static_cast<int>(x + 0.5f) : static_cast<int>(std::lround(x));
+}
+
 // The hotkey entries of the field, looked up once the registry has its bindings.
 struct FieldHotkeys {
     enum Action {
@@ -165,6 +171,11 @@ public:
     int marginH = 0;
     int oldX1 = 0;
     bool hotkeysRegistered = false;
+    // The unrounded pen position of every byte and of the end, as the font measures it; the
+    // glyph table holds these rounded. A change re-measures only the characters it touches.
+    std::vector<float> pen;
+    // Scratch for the font's positions, kept for its capacity.
+    std::vector<float> positions;
     CbDispatcher<EvEvent> dispatchers[7];
     CbMethod<UiTextField, EvEvent> arm;
     CbMethod<UiTextField, EvEvent> disarm;
@@ -305,7 +316,10 @@ void UiTextField::assignText(std::string text, CursorPosition cursor, bool callC
     if (!isEditing())
         _savedString = LiString(_buffer);
     _selStart = _selEnd = 0;
+    // Scrolled back to the start, so that the scroll rule places the cursor from there and not
+    // from where the old text stood.
     _firstVisible = 0;
+    _textX = _imp->leftEdge;
     rebuildGlyphTable();
     _cursor = cursor == 0 ? 0 : static_cast<int>(_buffer.size());
     adjustCoords();
@@ -321,7 +335,7 @@ void UiTextField::replaceRange(int from, int to, std::string const& text) {
     _cursor = from + static_cast<int>(text.size());
     _selStart = _selEnd = _cursor;
     _anchorFresh = true;
-    rebuildGlyphTable();
+    updateGlyphTable(from, to - from, static_cast<int>(text.size()));
     scrollToCursor();
     markForUpdate();
     fire(ContentChanged);
@@ -478,20 +492,75 @@ void UiTextField::selectWordAt(int position) {
 
 void UiTextField::rebuildGlyphTable() {
     _charX.assign(_buffer.size() + 1, 0);
-    if (!_font)
-        return;
-    std::vector<float> positions;
-    _font->getCharacterPositions(_buffer, positions);
+    _imp->pen.assign(_buffer.size() + 1, 0.f);
+    if (_font)
+        measure(0, _buffer.size(), 0.f);
+}
+
+void UiTextField::measure(std::size_t start, std::size_t end, float origin) {
+    _font->getCharacterPositions(std::string_view(_buffer).substr(start, end - start),
+                                 _imp->positions);
+    fill(start, end, origin);
+}
+
+void UiTextField::fill(std::size_t start, std::size_t end, float origin) {
+    std::vector<float> const& positions = _imp->positions;
+    std::vector<float>& pen = _imp->pen;
     // One position per character; the bytes inside a character share its position, so that any
     // offset reads a sensible x.
     std::size_t character = 0;
-    for (std::size_t i = 0; i < _buffer.size(); ++i) {
-        if (i > 0 && !isContinuation(static_cast<unsigned char>(_buffer[i])))
+    for (std::size_t i = start; i < end; ++i) {
+        if (i > start && !isContinuation(static_cast<unsigned char>(_buffer[i])))
             ++character;
-        _charX[i] =
-            static_cast<int>(std::lround(positions[std::min(character, positions.size() - 1)]));
+        pen[i] = origin + positions[std::min(character, positions.size() - 1)];
+        _charX[i] = toPixel(pen[i]);
     }
-    _charX[_buffer.size()] = static_cast<int>(std::lround(positions.back()));
+    if (end == _buffer.size()) {
+        pen[end] = origin + positions.back();
+        _charX[end] = toPixel(pen[end]);
+    }
+}
+
+void UiTextField::updateGlyphTable(int from, int removed, int inserted) {
+    std::vector<float>& pen = _imp->pen;
+    std::size_t const size = _buffer.size();
+    if (!_font || pen.size() + static_cast<std::size_t>(inserted) !=
+                      size + 1 + static_cast<std::size_t>(removed)) {
+        rebuildGlyphTable();
+        return;
+    }
+    auto const at = static_cast<std::ptrdiff_t>(from);
+    pen.erase(pen.begin() + at, pen.begin() + at + removed);
+    pen.insert(pen.begin() + at, static_cast<std::size_t>(inserted), 0.f);
+    _charX.erase(_charX.begin() + at, _charX.begin() + at + removed);
+    _charX.insert(_charX.begin() + at, static_cast<std::size_t>(inserted), 0);
+    auto byte = [this](std::size_t i) { return static_cast<unsigned char>(_buffer[i]); };
+    // From the character before the change (its kerning with the first new one counts) to the
+    // character after it (the kerning of the last new one with it).
+    std::size_t start = static_cast<std::size_t>(from);
+    if (start > 0) {
+        --start;
+        while (start > 0 && isContinuation(byte(start)))
+            --start;
+    }
+    std::size_t const end = static_cast<std::size_t>(from + inserted);
+    float const origin = start == 0 ? 0.f : pen[start];
+    if (end == size) {
+        measure(start, size, origin);
+        return;
+    }
+    std::size_t stop = end + 1;
+    while (stop < size && isContinuation(byte(stop)))
+        ++stop;
+    _font->getCharacterPositions(std::string_view(_buffer).substr(start, stop - start),
+                                 _imp->positions);
+    // The rest keeps its spacing and moves by as much as the character after the change did.
+    float const delta = origin + _imp->positions[_imp->positions.size() - 2] - pen[end];
+    fill(start, end, origin);
+    for (std::size_t i = end; i <= size; ++i) {
+        pen[i] += delta;
+        _charX[i] = toPixel(pen[i]);
+    }
 }
 
 void UiTextField::scrollToCursor() {

@@ -8,6 +8,7 @@
 
 #include "wsFont.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -91,6 +92,12 @@ public:
     int getSelectionStart() const { return _selStart; }
     int getSelectionEnd() const { return _selEnd; }
     int getFirstVisible() const { return _firstVisible; }
+    // The x of the left edge of the character at byte `offset` from the start of the text, in
+    // whole pixels (the glyph table); the size of the text gives its width.
+    int getCharacterX(int offset) const {
+        int const size = static_cast<int>(_buffer.size());
+        return _charX[static_cast<std::size_t>(std::clamp(offset, 0, size))];
+    }
 
     // --- look ------------------------------------------------------------------------------
     void setFont(LiString const& handle);
@@ -179,6 +186,13 @@ private:
     void assignText(std::string text, CursorPosition cursor, bool callContentChanged,
                     bool callSetValue);
     void rebuildGlyphTable();
+    // After [from, from + removed) became `inserted` bytes: re-measures the changed characters
+    // and their neighbours, and moves the rest by the change in width.
+    void updateGlyphTable(int from, int removed, int inserted);
+    // Measures bytes [start, end) from the pen position `origin` into the table; fill takes
+    // the positions already measured from `start`.
+    void measure(std::size_t start, std::size_t end, float origin);
+    void fill(std::size_t start, std::size_t end, float origin);
     void scrollToCursor();
     int indexAt(int x) const;
     // Whether `inserted` bytes in place of the selection stay within the capacity.
