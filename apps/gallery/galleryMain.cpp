@@ -1,6 +1,7 @@
 // The gallery, the toolkit's main program: a window of widgets in named colours, framed panels,
 // a shaded background, text in the registry's fonts, a panel built from a widget definition
-// showing the shipped icons, a panel of text fields, one of sliders, and two push buttons.
+// showing the shipped icons, a panel of text fields, one of sliders, one of value editors, and
+// two push buttons.
 // `--screenshot FILE.png` writes what it shows, `--frames N` times N full repaints, `--size WxH`
 // resizes the window once it is open. Exit status 2 is bad arguments, 3 that no window can be
 // opened.
@@ -8,6 +9,7 @@
 
 #include "galleryRanges.h"
 #include "galleryText.h"
+#include "galleryValues.h"
 #include "gfxImageUtil.h"
 #include "ixTile.h"
 #include "smGl.h"
@@ -102,7 +104,7 @@ void place(UiWidget& w, char const* constraint) {
 class Gallery {
 public:
     Gallery() {
-        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({80, 731, 80, 738});
+        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({80, 731, 80, 836});
         style.setMainWindow(true); // closing it quits
         _window = UiTopLevel::create("ZRui gallery", nullptr, style);
         _window->setWindowTitle("ZRui gallery");
@@ -124,6 +126,7 @@ public:
         buildButtons(root);
         _textPanel = std::make_unique<GalleryTextPanel>(root, "14 p l 7 p s ok -14 p r 77 p h");
         _ranges = std::make_unique<GalleryRanges>(_window->getRootContainer(), "textPanel");
+        _values = std::make_unique<GalleryValues>(_window->getRootContainer(), "rangesPanel");
         buildTextPanel(root);
         buildDefinedPanel();
         // Tab and Shift+Tab step among the fields and buttons in reading order; the first text
@@ -241,7 +244,7 @@ private:
     // Between the swatches and the buttons, left of the middle: the registry's faces.
     void buildTextPanel(UiContainer* root) {
         RCShdPtr<UiWidget> panel = plain(root, "typography", "TextBackground", "In");
-        place(*panel, "14 p l 7 p s rangesPanel -4 p c -119 p t");
+        place(*panel, "14 p l 7 p s valuesPanel -4 p c -119 p t");
         paint(panel.get(), [this](GeRectangle<int> const& r) {
             heading(r, "Type");
             float const x = r.x1 + 14.f;
@@ -328,6 +331,7 @@ private:
     std::unique_ptr<CbFunction<EvEvent>> _onOk, _onCancel;
     std::unique_ptr<GalleryTextPanel> _textPanel;
     std::unique_ptr<GalleryRanges> _ranges;
+    std::unique_ptr<GalleryValues> _values;
     std::vector<std::unique_ptr<Painter>> _painters;
     std::string _status = "Drag a colour here, or Tab and Return.";
     int _okCount = 0;
