@@ -5,6 +5,7 @@
 #include "liStringUtil.h"
 #include "uiApplication.h"
 #include "uiHotkeyRegistry.h"
+#include "uiSimpleCalculator.h"
 #include "uiTextField.h"
 #include "uiValueEditor.h"
 #include "uiWidgetEvent.h"
@@ -395,6 +396,74 @@ TEST_F(ValueEditor, ResourcesFromATableAndBadOnesReportedAlone) {
     EXPECT_EQ(db->getString(), "%s dB");
     EXPECT_DOUBLE_EQ(db->getDefaultValue(), -6.0);
     EXPECT_EQ(db->getIndicatorState(), UiValueEditor::IndicatorOff);
+}
+
+TEST(SimpleCalculator, EvaluatesArithmeticWithXAsTheValue) {
+    struct Row {
+        char const* text;
+        bool ok;
+        double result;
+        char const* error;
+    } const rows[] = {
+        {"1 + 2 * 3", true, 7.0, ""},
+        {"x / 4", true, 2.5, ""},
+        {"sqrt(x * 10) - 1", true, 9.0, ""},
+        {"1 +", false, 0.0, "Unexpected end of expression at position 4"},
+        {"gain * 2", false, 0.0, "Unknown name \"gain\"; x is the value"},
+        {"1 / 0", false, 0.0, "The result is not a finite number"},
+    };
+    for (Row const& r : rows) {
+        SCOPED_TRACE(r.text);
+        double result = 0.0;
+        std::string error;
+        EXPECT_EQ(UiSimpleCalculator::evaluate(r.text, 10.0, result, error), r.ok);
+        EXPECT_EQ(error, r.error);
+        EXPECT_DOUBLE_EQ(r.ok ? result : 0.0, r.result);
+    }
+}
+
+TEST_F(ValueEditor, SimpleCalculatorWritesTheResultBackOrKeepsTheValue) {
+    auto simple = makeShared<UiSimpleCalculator>(RCShdPtr<UiContainer>(root));
+    UiApplication::getInstance().setCalculator(simple);
+    editor->setValue(4.0, false);
+    struct Row {
+        char const* typed;
+        int endKey;
+        double value;
+        bool open;
+        Log shown;
+    } const rows[] = {
+        {"x * 2 + 1", K::Return, 9.0, false, {}},
+        {"7", K::Escape, 4.0, false, {}},
+        {"x +",
+         K::Return,
+         4.0,
+         true,
+         {"Cannot compute \"x +\": Unexpected end of expression at position 4"}},
+    };
+    for (Row const& r : rows) {
+        SCOPED_TRACE(r.typed);
+        editor->setValue(4.0, false);
+        UiTest::Reports reports;
+        Log shown;
+        auto previous =
+            MsgProtocol::setDisplayHandler([&](MsgBase const& m) { shown.push_back(m.getText()); });
+        press(20, Shift);
+        release(20, Shift);
+        ASSERT_TRUE(simple->isOpen());
+        auto* field = dynamic_cast<UiTextField*>(root->findWidget(LiString("calculator")).get());
+        ASSERT_NE(field, nullptr);
+        EXPECT_EQ(field->getString().str(), "4");
+        type(r.typed);
+        key(r.endKey);
+        MsgProtocol::setDisplayHandler(previous);
+        EXPECT_DOUBLE_EQ(editor->getValue(), r.value);
+        EXPECT_EQ(simple->isOpen(), r.open);
+        EXPECT_EQ(shown, r.shown);
+    }
+    // A click elsewhere closes it.
+    UiFocusKeyboard::getInstance().setFocus(editor.get());
+    EXPECT_FALSE(simple->isOpen());
 }
 
 } // namespace
