@@ -1,8 +1,10 @@
 // A value editor under real pointer and key input (XTest) through SDL and the toolkit's loop:
 // a sideways drag changes the number and its position bar on screen, and a click opens the text
-// field, where typed digits and Return commit. Skipped without a display or XTest.
+// field, where typed digits and Return commit, and a Shift-click opens the simple calculator.
+// Skipped without a display or XTest.
 #include "xinputWindowFixture.h"
 
+#include "uiSimpleCalculator.h"
 #include "uiValueEditor.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +54,20 @@ TEST_F(ValueEditorScreen, DragAndTypeChangeTheNumberOnScreen) {
     EXPECT_TRUE(pumpUntil([&] { return !editor->isEditFieldMode(); }, 1000));
     EXPECT_DOUBLE_EQ(editor->getValue(), 12.5);
     EXPECT_TRUE(editor->isDisplayed());
+
+    // Shift-click opens the toolkit's calculator, which takes an expression of the value.
+    UiApplication::getInstance().setCalculator(
+        makeShared<UiSimpleCalculator>(_top->getRootContainer()));
+    _x.key("Shift_L", true);
+    button(true);
+    button(false);
+    _x.key("Shift_L", false);
+    for (char const* k : {"x", "minus", "2"})
+        key(k);
+    key("Return");
+    pumpFor(100);
+    EXPECT_DOUBLE_EQ(editor->getValue(), 10.5);
+    UiApplication::getInstance().setCalculator(nullptr);
 }
 
 } // namespace
