@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 build=${ZR_FUZZ_BUILD_DIR:-build-fuzz}
 all="resTable constraint expression widgetDefinition hotkeyString hotkeyFile messageFile
-     variables fontDescription image toolFile uuidRational storedValue"
+     variables fontDescription image toolFile uuidRational storedValue textField"
 targets=${ZR_FUZZ_TARGETS:-$all}
 
 CC=clang CXX=clang++ cmake -S . -B "$build" -DZR_BUILD_FUZZ=ON -DZR_BUILD_TESTS=OFF \

@@ -128,7 +128,15 @@ TEST_F(TextField, EditingKeysMoveTheCursorAndSelectionOverWholeCharacters) {
         EXPECT_EQ(field->getSelectionStart(), r.expectedStart);
         EXPECT_EQ(field->getSelectionEnd(), r.expectedEnd);
     }
+    // A word selection grown in one text does not reach into the next one set.
+    field->setString("hello world");
+    key(K::Left, Ctrl | Shift);
+    field->setString("ab", 0);
+    key(K::Right, Ctrl | Shift);
+    EXPECT_EQ(field->getSelectionStart(), 0);
+    EXPECT_EQ(field->getSelectionEnd(), 2);
     // Read-only: the delete keys change nothing; focus out takes the keys away.
+    field->setString("h\xc3\xa9 x");
     field->readOnly(true);
     key(K::BackSpace);
     key(K::Delete);
@@ -431,6 +439,11 @@ TEST_F(TextField, LongTextScrollsByWholeCharactersToKeepTheCursorInView) {
     // The next long text scrolls to its end from the start, not from where the last one stood.
     field->setString((long_ + "x").c_str());
     EXPECT_GT(field->getFirstVisible(), 0);
+    // A text set before the field has its size shows from its start once it has one.
+    RCShdPtr<UiTextField> late = UiTextField::create(root.get(), "late");
+    late->setString("short");
+    late->setRect({10, 150, 50, 78}, false);
+    EXPECT_EQ(late->getFirstVisible(), 0);
     UiFocusKeyboard::getInstance().setFocus(field.get());
     key(K::Home);
     EXPECT_EQ(field->getFirstVisible(), 0);

@@ -316,10 +316,9 @@ void UiTextField::assignText(std::string text, CursorPosition cursor, bool callC
     if (!isEditing())
         _savedString = LiString(_buffer);
     _selStart = _selEnd = 0;
-    // Scrolled back to the start, so that the scroll rule places the cursor from there and not
-    // from where the old text stood.
     _firstVisible = 0;
-    _textX = _imp->leftEdge;
+    // A word selection grown before stood in the old text: the next one starts afresh.
+    _anchorFresh = true;
     rebuildGlyphTable();
     _cursor = cursor == 0 ? 0 : static_cast<int>(_buffer.size());
     adjustCoords();
@@ -410,6 +409,7 @@ void UiTextField::setCursorPos(int position) {
     position = static_cast<int>(
         cutOnBoundary(_buffer, static_cast<std::size_t>(std::clamp(position, 0, size))));
     _cursor = position;
+    _anchorFresh = true;
     scrollToCursor();
     markForUpdate();
 }
@@ -431,6 +431,7 @@ void UiTextField::setHighlight(int start, int end) {
     };
     _selStart = clampToBoundary(std::min(start, end));
     _selEnd = clampToBoundary(std::max(start, end));
+    _anchorFresh = true;
     markForUpdate();
 }
 
@@ -565,8 +566,10 @@ void UiTextField::updateGlyphTable(int from, int removed, int inserted) {
 
 void UiTextField::scrollToCursor() {
     int const left = _imp->leftEdge, right = _imp->rightEdge;
-    int const x = _textX + _charX[static_cast<std::size_t>(_cursor)];
     auto at = [this](int i) { return _charX[static_cast<std::size_t>(i)]; };
+    // Where the cursor stands with the text placed from the first visible character: the text
+    // set, the table or the edges may have changed since the text was last placed.
+    int const x = left - at(_firstVisible) + at(_cursor);
     if (x > right) {
         while (_firstVisible < _cursor && left - at(_firstVisible) + at(_cursor) > right) {
             ++_firstVisible;
@@ -730,6 +733,7 @@ void UiTextField::setBufLength(int length) {
     _selStart = std::min(_selStart, _cursor);
     _selEnd = std::min(_selEnd, static_cast<int>(_buffer.size()));
     _firstVisible = std::min(_firstVisible, _cursor);
+    _anchorFresh = true;
     rebuildGlyphTable();
     scrollToCursor();
     markForUpdate();
