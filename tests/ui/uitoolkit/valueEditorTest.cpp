@@ -215,6 +215,16 @@ TEST_F(ValueEditor, ClickOpensTheFieldWhichCommitsOrCancels) {
         EXPECT_DOUBLE_EQ(editor->getValue(), r.value);
         EXPECT_EQ(log, r.log);
     }
+    // An editor outside the Tab order leaves no focus behind in its field.
+    editor->setKeyboardFocusable(false);
+    press(20);
+    release(20);
+    type("5");
+    log.clear();
+    key(K::Return);
+    EXPECT_EQ(UiFocusKeyboard::getInstance().getFocus(), nullptr);
+    EXPECT_EQ(log, (Log{"changed 5", "post", "focusOut", "activate"}));
+    editor->setKeyboardFocusable(true);
     // Focus leaving in the middle of an edit commits what was typed.
     auto other = UiTest::LoggingWidget::make(root.get(), "other", {100, 150, 14, 35}, &log);
     press(20);

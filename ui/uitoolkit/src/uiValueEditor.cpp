@@ -790,8 +790,12 @@ void UiValueEditor::putFieldAway() {
 void UiValueEditor::showValueEditor() {
     _imp->inEdit = false;
     show();
-    // The focus comes back before the field goes, so the field sees its focus-out.
-    UiFocusKeyboard::getInstance().setFocus(this);
+    // The focus comes back before the field goes, so the field sees its focus-out. An editor
+    // that takes no keyboard focus leaves none: the field must not keep it out of the tree.
+    UiFocusKeyboard& keyboard = UiFocusKeyboard::getInstance();
+    keyboard.setFocus(this);
+    if (_imp->editField && keyboard.getFocus() == _imp->editField.get())
+        keyboard.setFocus(static_cast<UiWidget*>(nullptr));
     putFieldAway();
 }
 
