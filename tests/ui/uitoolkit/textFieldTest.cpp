@@ -439,6 +439,11 @@ TEST_F(TextField, LongTextScrollsByWholeCharactersToKeepTheCursorInView) {
     // The next long text scrolls to its end from the start, not from where the last one stood.
     field->setString((long_ + "x").c_str());
     EXPECT_GT(field->getFirstVisible(), 0);
+    // Text put in place of it all shows from its start.
+    field->highlightAll();
+    field->insertString("\xef\xbf\xbd" "ab");
+    EXPECT_EQ(field->getFirstVisible(), 0);
+    field->setString((long_ + "x").c_str());
     // A text set before the field has its size shows from its start once it has one.
     RCShdPtr<UiTextField> late = UiTextField::create(root.get(), "late");
     late->setString("short");

@@ -334,6 +334,9 @@ void UiTextField::replaceRange(int from, int to, std::string const& text) {
     _cursor = from + static_cast<int>(text.size());
     _selStart = _selEnd = _cursor;
     _anchorFresh = true;
+    // A change that starts before the first visible character moved it: the scroll rule goes
+    // on from the start of the change.
+    _firstVisible = std::min(_firstVisible, from);
     updateGlyphTable(from, to - from, static_cast<int>(text.size()));
     scrollToCursor();
     markForUpdate();
