@@ -1,5 +1,5 @@
-// The gallery's "Text" panel: the fields come from a widget definition; this file gives the
-// rate field its filter and ties the commit and cancel callbacks to what the panel shows.
+// The gallery's "Text" panel: the fields come from a widget definition; this file gives each
+// field its filter and ties the commit and cancel callbacks to what the panel shows.
 #include "galleryText.h"
 
 #include <cstdio>
@@ -14,7 +14,7 @@ char const* const GalleryTextPanel::Name = "textPanel";
 
 struct GalleryTextPanel::Parts {
     RCShdPtr<UiContainer> panel;
-    RCShdPtr<UiTextField> name, rate, committed;
+    RCShdPtr<UiTextField> committed;
     RCShdPtr<UiLabel> status;
     // One handler per field and event; each names its field in what the panel shows.
     std::vector<std::unique_ptr<CbFunction<EvEvent>>> handlers;
@@ -64,16 +64,33 @@ GalleryTextPanel::GalleryTextPanel(UiContainer* root, char const* constraint)
     auto field = [&p](char const* name) {
         return dynamicCast<UiTextField>(p.panel->findWidget(LiString(name)));
     };
-    p.name = field("name");
-    p.rate = field("rate");
     p.committed = field("committed");
     p.status = dynamicCast<UiLabel>(p.panel->findWidget(LiString("textStatus")));
-    if (p.rate) {
-        p.rate->setFilter(makeShared<UiRateFilter>());
-        p.rate->setStringAsIs("25 FPS");
+    // Each field with its filter and the text it starts with (null: the definition's).
+    struct Editable {
+        char const* name;
+        char const* label;
+        RCShdPtr<UiTextField::Filter> filter;
+        char const* text;
+    };
+    Editable const editables[] = {
+        {"name", "Text", {}, nullptr},
+        {"rate", "Frame rate", makeShared<UiRateFilter>(), "25 FPS"},
+        {"ratio", "Ratio", makeShared<UiRatioFilter>(), "16:9"},
+        {"fileName", "File name", UiTextField::getFileNameFilter(), nullptr},
+        {"identifier", "Identifier", makeShared<UiIdentifierFilter>(), nullptr},
+        {"folder", "Folder", makeShared<UiPathFilter>(UiPathFilter::Directory, true), nullptr},
+    };
+    for (Editable const& e : editables) {
+        RCShdPtr<UiTextField> const f = field(e.name);
+        if (!f)
+            continue;
+        if (e.filter)
+            f->setFilter(e.filter);
+        if (e.text)
+            f->setStringAsIs(e.text);
+        p.watch(f, e.label);
     }
-    p.watch(p.name, "Text");
-    p.watch(p.rate, "Frame rate");
 }
 
 GalleryTextPanel::~GalleryTextPanel() = default;

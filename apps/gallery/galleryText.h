@@ -1,6 +1,6 @@
-// The gallery's "Text" panel: text fields built from the definition galleryText.xml, a frame
-// rate field that takes digits only, and a read-only field and a line that show what was
-// committed.
+// The gallery's "Text" panel: text fields built from the definition galleryText.xml, one for
+// each filter (free text, frame rate, ratio, file name, identifier, existing folder), and a
+// read-only field and a line that show what was committed.
 #pragma once
 
 #include "zrUi.h"
