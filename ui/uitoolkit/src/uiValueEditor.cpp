@@ -173,9 +173,11 @@ public:
     }
 
     // The field left the tree while it stood in for the editor (its parent went): it lets go
-    // of the editor, which would otherwise keep itself and the field alive.
+    // of the editor, which would otherwise keep itself and the field alive. A field leaving the
+    // tree has lost its window first; one hidden with its parent (a tab put away) keeps it and
+    // goes on with the edit when it shows again.
     void fieldGone() {
-        if (!inEdit || !editField)
+        if (!inEdit || !editField || editField->getWindow())
             return;
         inEdit = false;
         editField->removeClientData(RCShdPtr<RCObject>(editor));
