@@ -441,7 +441,7 @@ TEST_F(TextField, LongTextScrollsByWholeCharactersToKeepTheCursorInView) {
     EXPECT_GT(field->getFirstVisible(), 0);
     // Text put in place of it all shows from its start.
     field->highlightAll();
-    field->insertString("\xef\xbf\xbd" "ab");
+    field->insertString("ab\xef\xbf\xbd");
     EXPECT_EQ(field->getFirstVisible(), 0);
     field->setString((long_ + "x").c_str());
     // A text set before the field has its size shows from its start once it has one.
