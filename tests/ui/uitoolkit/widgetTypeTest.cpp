@@ -29,6 +29,7 @@ TEST(WidgetType, EachKindAnswersItsTypeAndItsAncestors) {
         {UiToggleButton::create(p, "t"), "UiDualState", "UiWidget", "UiContainer"},
         {UiProgressBar::create(p, "r"), "UiRange", "UiWidget", "UiDualState"},
         {UiTextField::create(p, "f"), "UiTextField", "UiWidget", "UiRange"},
+        {UiValueEditor::create(p, "v"), "UiValueEditor", "UiRange", "UiTextField"},
     };
     UiWidgetTypeRegistry const& registry = UiWidgetTypeRegistry::getInstance();
     for (Row const& row : rows) {

@@ -21,6 +21,7 @@
 #include "uiResSet.h"
 #include "uiResText.h"
 #include "uiTextField.h"
+#include "uiWidgetRttiType.h"
 #include "uiWindow.h"
 
 #include "lgLog.h"
@@ -952,6 +953,10 @@ void UiValueEditor::drawIndicator(int x, int y0, int y1,
 }
 
 // --- the calculatable ------------------------------------------------------------------------
+
+RttiType<WidgetRttiType> const& UiValueEditor::getNodeType() const {
+    return UiWidgetTypes::ValueEditor::getType();
+}
 
 void UiCalculatableValueEditor::setValue(double value) {
     if (_editor)

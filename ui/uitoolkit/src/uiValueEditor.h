@@ -104,6 +104,7 @@ public:
     void removeUserDrawCb(CbHandler<EvEvent>* h) override;
 
     void adjustCoords() override;
+    RttiType<WidgetRttiType> const& getNodeType() const override;
 
     // For subclasses that draw more: the label at (x, y) plus the canvas origin, and a mark
     // three pixels wide from y0 to y1.

@@ -11,9 +11,11 @@ void UiWidgetTypes::registerTypes() {
     DualState::registerType("UiDualState");
     Range::registerType("UiRange");
     TextField::registerType("UiTextField");
+    ValueEditor::registerType("UiValueEditor");
 }
 
 void UiWidgetTypes::deregisterTypes() {
+    ValueEditor::deregisterType();
     TextField::deregisterType();
     Range::deregisterType();
     DualState::deregisterType();

@@ -11,6 +11,7 @@ class UiContainer;
 class UiDualState;
 class UiRange;
 class UiTextField;
+class UiValueEditor;
 class UiWidget;
 class UiWindow;
 
@@ -29,6 +30,7 @@ struct UiWidgetTypes {
     using DualState = RttiGenType1<UiDualState, Widget, WidgetRttiType>;
     using Range = RttiGenType1<UiRange, Widget, WidgetRttiType>;
     using TextField = RttiGenType1<UiTextField, Widget, WidgetRttiType>;
+    using ValueEditor = RttiGenType1<UiValueEditor, Range, WidgetRttiType>;
 
     // The toolkit's start-up registers the types, each under its class name, bases first; its
     // exit deregisters them in reverse, which leaves the registry empty.
