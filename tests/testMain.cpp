@@ -15,13 +15,16 @@ namespace Zr {
 // undefined-behaviour finding prints where it was reached from and ends the run (the build
 // compiles with -fno-sanitize-recover too; halting here keeps it so if that flag is dropped).
 // AddressSanitizer also checks that no global is read before its initialiser ran, whatever
-// the link order, and catches the use of a function's locals after it returned. In a build
-// without the sanitizers nothing calls these.
+// the link order, and catches the use of a function's locals after it returned; it doesn't
+// follow __tls_get_addr, whose dynamic TLS blocks LeakSanitizer can misread and crash on
+// (google/sanitizers#1322; see tests/packaging/packagingTest.sh). In a build without the
+// sanitizers nothing calls these.
 extern "C" char const* __ubsan_default_options() {
     return "print_stacktrace=1:halt_on_error=1";
 }
 extern "C" char const* __asan_default_options() {
-    return "check_initialization_order=1:strict_init_order=1:detect_stack_use_after_return=1";
+    return "check_initialization_order=1:strict_init_order=1:detect_stack_use_after_return=1:"
+           "intercept_tls_get_addr=0";
 }
 
 int main(int argc, char** argv) {
