@@ -11,7 +11,9 @@
 #include <functional>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <vector>
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -25,6 +27,23 @@ namespace {
 using Zr::XInputTest::XInputDriver;
 using namespace std::chrono_literals;
 
+// The test's environment for the gallery. A gallery of a sanitized build checks for leaks at
+// exit as the test binaries do, and like them must not follow __tls_get_addr, whose dynamic TLS
+// blocks (Mesa's) LeakSanitizer can misread and crash on (see testMain.cpp).
+std::vector<std::string> galleryEnvironment() {
+    std::vector<std::string> env;
+    std::string asan;
+    for (char** e = environ; *e; ++e) {
+        std::string_view const entry(*e);
+        if (entry.starts_with("ASAN_OPTIONS="))
+            asan = entry.substr(13);
+        else
+            env.emplace_back(entry);
+    }
+    env.push_back("ASAN_OPTIONS=" + asan + (asan.empty() ? "" : ":") + "intercept_tls_get_addr=0");
+    return env;
+}
+
 // One run of the gallery: started on construction, its window found, its exit awaited.
 class GalleryRun {
 public:
@@ -36,8 +55,13 @@ public:
                                          0644);
         posix_spawn_file_actions_adddup2(&actions, 1, 2);
         char const* argv[] = {ZR_GALLERY_PATH, nullptr};
+        std::vector<std::string> env = galleryEnvironment();
+        std::vector<char*> envp;
+        for (std::string& e : env)
+            envp.push_back(e.data());
+        envp.push_back(nullptr);
         if (posix_spawn(&_pid, ZR_GALLERY_PATH, &actions, nullptr, const_cast<char**>(argv),
-                        environ) != 0)
+                        envp.data()) != 0)
             _pid = -1;
         posix_spawn_file_actions_destroy(&actions);
         for (int i = 0; i < 300 && _pid > 0 && !_window; ++i) {
