@@ -2,6 +2,8 @@
 // the value labels and lets the progress bar follow the first slider.
 #include "galleryRanges.h"
 
+#include "galleryStrip.h"
+
 #include "smGl.h"
 #include "wsFont.h"
 #include "wsFontRegistry.h"
@@ -29,22 +31,13 @@ std::string fixed(double value, int digits) {
 } // namespace
 
 GalleryRanges::GalleryRanges(RCShdPtr<UiContainer> const& root, char const* below) {
-    OsFilePath const file =
-        InPaths::getResourcesDir() + UiResTable::getResTableDir() + "galleryRanges.xml";
-    try {
-        _panel = UiWidgetFactory::createWidgetFromFile(root, file);
-    } catch (ExBase const& e) {
-        std::fprintf(stderr, "zrui-gallery: %s\n", e.getReason().c_str());
-        return;
-    }
-    auto* container = dynamic_cast<UiContainer*>(_panel.get());
+    // The strip stands on the gallery's grid: 14-pixel margins, 7 above its neighbour, 91 high.
+    RCShdPtr<UiContainer> const strip = loadGalleryStrip(
+        root, "galleryRanges.xml", "14 p l 7 p s " + std::string(below) + " -14 p r 91 p h");
+    _panel = strip;
+    UiContainer* const container = strip.get();
     if (!container)
         return;
-    // The strip stands on the gallery's grid: 14-pixel margins, 7 above its neighbour, 91 high.
-    UiConstraint constraint;
-    std::istringstream text("14 p l 7 p s " + std::string(below) + " -14 p r 91 p h");
-    constraint.read(text);
-    _panel->setConstraint(constraint);
     _level = dynamicCast<UiTrackSlider>(container->findWidget(LiString("level")));
     _temperature = dynamicCast<UiTrackSlider>(container->findWidget(LiString("temperature")));
     _progress = dynamicCast<UiProgressBar>(container->findWidget(LiString("progress")));

@@ -2,6 +2,8 @@
 // field its filter and ties the commit and cancel callbacks to what the panel shows.
 #include "galleryText.h"
 
+#include "galleryStrip.h"
+
 #include <cstdio>
 #include <functional>
 #include <sstream>
@@ -44,23 +46,10 @@ struct GalleryTextPanel::Parts {
 
 GalleryTextPanel::GalleryTextPanel(UiContainer* root, char const* constraint)
     : _parts(std::make_unique<Parts>()) {
-    OsFilePath const file =
-        InPaths::getResourcesDir() + UiResTable::getResTableDir() + "galleryText.xml";
-    RCShdPtr<UiWidget> panel;
-    try {
-        panel = UiWidgetFactory::createWidgetFromFile(RCShdPtr<UiContainer>(root), file);
-    } catch (ExBase const& e) {
-        std::fprintf(stderr, "zrui-gallery: %s\n", e.getReason().c_str());
-        return;
-    }
     Parts& p = *_parts;
-    p.panel = dynamicCast<UiContainer>(panel);
+    p.panel = loadGalleryStrip(RCShdPtr<UiContainer>(root), "galleryText.xml", constraint);
     if (!p.panel)
         return;
-    UiConstraint placement;
-    std::istringstream text(constraint);
-    placement.read(text);
-    p.panel->setConstraint(placement);
     auto field = [&p](char const* name) {
         return dynamicCast<UiTextField>(p.panel->findWidget(LiString(name)));
     };

@@ -2,6 +2,8 @@
 // the captions, reports each committed value and installs the calculator.
 #include "galleryValues.h"
 
+#include "galleryStrip.h"
+
 #include "smGl.h"
 #include "wsFont.h"
 #include "wsFontRegistry.h"
@@ -23,22 +25,13 @@ char const* const Captions[3] = {"Gain", "Count", "Mix"};
 } // namespace
 
 GalleryValues::GalleryValues(RCShdPtr<UiContainer> const& root, char const* below) {
-    OsFilePath const file =
-        InPaths::getResourcesDir() + UiResTable::getResTableDir() + "galleryValues.xml";
-    try {
-        _panel = UiWidgetFactory::createWidgetFromFile(root, file);
-    } catch (ExBase const& e) {
-        std::fprintf(stderr, "zrui-gallery: %s\n", e.getReason().c_str());
-        return;
-    }
-    auto* container = dynamic_cast<UiContainer*>(_panel.get());
+    // The strip stands on the gallery's grid: 14-pixel margins, 7 above its neighbour, 91 high.
+    RCShdPtr<UiContainer> const strip = loadGalleryStrip(
+        root, "galleryValues.xml", "14 p l 7 p s " + std::string(below) + " -14 p r 91 p h");
+    _panel = strip;
+    UiContainer* const container = strip.get();
     if (!container)
         return;
-    // The strip stands on the gallery's grid: 14-pixel margins, 7 above its neighbour, 91 high.
-    UiConstraint constraint;
-    std::istringstream text("14 p l 7 p s " + std::string(below) + " -14 p r 91 p h");
-    constraint.read(text);
-    _panel->setConstraint(constraint);
     for (int i = 0; i < 3; ++i) {
         _editors[i] = dynamicCast<UiValueEditor>(container->findWidget(LiString(Names[i])));
         if (!_editors[i])
