@@ -1,5 +1,6 @@
-// Registration of the library's packages "ui", "uiresources" and "uitoolkit" at load time, and
-// the variables of the toolkit with their environment and command-line names.
+// Registration of the library's packages "ui", "uiresources", "uitoolkit" and "nodeUi" at load
+// time, and the variables of the toolkit with their environment and command-line names.
+#include "nodeUiInit.h"
 #include "uiresourcesInit.h"
 #include "uitoolkitInit.h"
 
@@ -58,6 +59,9 @@ struct UiLibraryRegistration {
             .registerPackage();
         InPackageInit("uitoolkit", &UiToolkitInit::init, &UiToolkitInit::exit)
             .addDependency("uiresources")
+            .registerPackage();
+        InPackageInit("nodeUi", &NodeUiInit::init, &NodeUiInit::exit)
+            .addDependency("uitoolkit")
             .registerPackage();
     }
 };

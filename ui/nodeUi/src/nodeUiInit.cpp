@@ -1,0 +1,61 @@
+// The "nodeUi" package. Its steps run in a fixed order: node descriptions name the widget types
+// registered here, and later steps (the context menu's actions, the UI builder) rely on the
+// earlier ones. Exit runs the same table backwards.
+#include "nodeUiInit.h"
+
+#include "msgFileGuard.h"
+
+#include <array>
+
+namespace Zr {
+
+namespace {
+
+// One start-up step and its undoing; a null function is a step of a widget family that this
+// build does not have yet.
+struct NodeUiStep {
+    char const* what;
+    void (*init)();
+    void (*exit)();
+};
+
+// In start-up order. Each family fills its own row when it lands.
+constexpr std::array<NodeUiStep, 20> steps{{
+    {"InputPushedToggleIcon, InputPushedToggle, InputToggleButton", nullptr, nullptr},
+    {"StoredPushedToggleIcon, StoredPushedToggle, StoredToggleButton", nullptr, nullptr},
+    {"InputMenu", nullptr, nullptr},
+    {"StoredMenu", nullptr, nullptr},
+    {"InputValueEditor", nullptr, nullptr},
+    {"StoredValueEditor", nullptr, nullptr},
+    {"TitledContainer", nullptr, nullptr},
+    {"NodeWidget", nullptr, nullptr},
+    {"UiNodeWidgetFactory", nullptr, nullptr},
+    {"InputTriangleSliderHandle", nullptr, nullptr},
+    {"TrackballSet", nullptr, nullptr},
+    {"InputTextEditor", nullptr, nullptr},
+    {"StoredTextEditor", nullptr, nullptr},
+    {"LinkUi", nullptr, nullptr},
+    {"UiLabelSink message handler", nullptr, nullptr},
+    {"InputTextField", nullptr, nullptr},
+    {"StoredTextField", nullptr, nullptr},
+    {"ShowVectorsUi", nullptr, nullptr},
+    {"context menu actions", nullptr, nullptr},
+    {"UiBuilder", nullptr, nullptr},
+}};
+
+} // namespace
+
+void NodeUiInit::init() {
+    MsgFileGuard messages("nodeUi.msg");
+    for (NodeUiStep const& step : steps)
+        if (step.init)
+            step.init();
+}
+
+void NodeUiInit::exit() {
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step)
+        if (step->exit)
+            step->exit();
+}
+
+} // namespace Zr
