@@ -9,8 +9,6 @@
 #include "liString.h"
 #include "uiWidget.h"
 
-#include <memory>
-
 namespace Zr {
 
 class PiInput;
@@ -41,15 +39,19 @@ public:
     static void initialize();
     static void finalize();
 
-    // The node's panels, with writable or read-only inputs. `xml` is an optional description
-    // lent by the caller: used at once, neither cached nor destroyed.
+    // The node's panels, with writable or read-only inputs: one item per <Item> of an <Items>
+    // description, or the one panel of any other. `xml` is an optional description lent by
+    // the caller: used at once, neither cached nor destroyed. A node whose controller is gone
+    // or has no description gives an empty result; parts of a description that can't be built
+    // are reported once and left out.
     static Iterator<Item> create(RCShdPtr<PiNode> const& node,
                                  RCShdPtr<PiTimePath const> const& timePath,
-                                 std::unique_ptr<XmlDocument const> xml = nullptr);
+                                 XmlDocument const* xml = nullptr);
     static Iterator<Item> create(RCShdPtr<PiNode const> const& node,
                                  RCShdPtr<PiTimePath const> const& timePath,
-                                 std::unique_ptr<XmlDocument const> xml = nullptr);
-    // One extra panel from the caller's document.
+                                 XmlDocument const* xml = nullptr);
+    // One extra panel from the caller's document, whose root must not be <Items>; no
+    // per-panel data of the controller, no creation bracket.
     static Iterator<Item> createAuxiliaryUi(RCShdPtr<PiNode> const& node,
                                             RCShdPtr<PiTimePath const> const& timePath,
                                             XmlDocument const& xml);
@@ -61,7 +63,9 @@ public:
     static LiString createTitle(RCShdPtr<PiNode const> const& node);
     // The tooltip identifier of a widget bound to the input: the input's full name.
     static LiString createTooltipId(RCShdPtr<PiInput const> const& input);
-    // Finds or reads the node's description without making widgets; true if there is one.
+    // Finds or reads the node's description without making widgets; true if there is one. A
+    // description that may not be cached (a node's own) is gone again when this returns:
+    // `xml` is then not to be used.
     static bool getToolXml(RCShdPtr<PiNode const> const& node, XmlDocument const*& xml);
 
     // The node and time path being built; valid while a creation runs. The read-only form has
