@@ -4,6 +4,9 @@
 #include "nodeUiInit.h"
 
 #include "msgFileGuard.h"
+#include "uiNodeWidget.h"
+#include "uiNodeWidgetFactory.h"
+#include "uiTitledContainer.h"
 
 #include <array>
 
@@ -27,9 +30,9 @@ constexpr std::array<NodeUiStep, 20> steps{{
     {"StoredMenu", nullptr, nullptr},
     {"InputValueEditor", nullptr, nullptr},
     {"StoredValueEditor", nullptr, nullptr},
-    {"TitledContainer", nullptr, nullptr},
-    {"NodeWidget", nullptr, nullptr},
-    {"UiNodeWidgetFactory", nullptr, nullptr},
+    {"TitledContainer", &UiTitledContainer::initialize, &UiTitledContainer::finalize},
+    {"NodeWidget", &UiNodeWidget::initialize, &UiNodeWidget::finalize},
+    {"UiNodeWidgetFactory", &UiNodeWidgetFactory::initialize, &UiNodeWidgetFactory::finalize},
     {"InputTriangleSliderHandle", nullptr, nullptr},
     {"TrackballSet", nullptr, nullptr},
     {"InputTextEditor", nullptr, nullptr},
