@@ -4,6 +4,9 @@
 #include "nodeUiInit.h"
 
 #include "msgFileGuard.h"
+#include "uiInputDualState.h"
+#include "uiInputTextField.h"
+#include "uiInputValueEditor.h"
 #include "uiNodeWidget.h"
 #include "uiNodeWidgetFactory.h"
 #include "uiTitledContainer.h"
@@ -24,11 +27,12 @@ struct NodeUiStep {
 
 // In start-up order. Each family fills its own row when it lands.
 constexpr std::array<NodeUiStep, 20> steps{{
-    {"InputPushedToggleIcon, InputPushedToggle, InputToggleButton", nullptr, nullptr},
+    {"InputPushedToggleIcon, InputPushedToggle, InputToggleButton", &UiInputDualState::initialize,
+     &UiInputDualState::finalize},
     {"StoredPushedToggleIcon, StoredPushedToggle, StoredToggleButton", nullptr, nullptr},
     {"InputMenu", nullptr, nullptr},
     {"StoredMenu", nullptr, nullptr},
-    {"InputValueEditor", nullptr, nullptr},
+    {"InputValueEditor", &UiInputValueEditor::initialize, &UiInputValueEditor::finalize},
     {"StoredValueEditor", nullptr, nullptr},
     {"TitledContainer", &UiTitledContainer::initialize, &UiTitledContainer::finalize},
     {"NodeWidget", &UiNodeWidget::initialize, &UiNodeWidget::finalize},
@@ -39,7 +43,7 @@ constexpr std::array<NodeUiStep, 20> steps{{
     {"StoredTextEditor", nullptr, nullptr},
     {"LinkUi", nullptr, nullptr},
     {"UiLabelSink message handler", nullptr, nullptr},
-    {"InputTextField", nullptr, nullptr},
+    {"InputTextField", &UiInputTextField::initialize, &UiInputTextField::finalize},
     {"StoredTextField", nullptr, nullptr},
     {"ShowVectorsUi", nullptr, nullptr},
     {"context menu actions", nullptr, nullptr},
