@@ -308,7 +308,6 @@ void UiNodeWidgetFactory::initialize() {
 void UiNodeWidgetFactory::finalize() {
     state().toolXmlCache.clear();
     state().typeXmlCache.clear();
-    NodeUiMessages::clear();
 }
 
 Iterator<UiNodeWidgetFactory::Item>

@@ -9,6 +9,8 @@
 #include "liString.h"
 #include "uiWidget.h"
 
+#include <type_traits>
+
 namespace Zr {
 
 class PiInput;
@@ -50,6 +52,14 @@ public:
     static Iterator<Item> create(RCShdPtr<PiNode const> const& node,
                                  RCShdPtr<PiTimePath const> const& timePath,
                                  XmlDocument const* xml = nullptr);
+    // A node of a derived kind takes the writable or the read-only form as its constness says.
+    template <class N, class = std::enable_if_t<!std::is_same_v<std::remove_const_t<N>, PiNode>>>
+    static Iterator<Item> create(RCShdPtr<N> const& node,
+                                 RCShdPtr<PiTimePath const> const& timePath,
+                                 XmlDocument const* xml = nullptr) {
+        using Node = std::conditional_t<std::is_const_v<N>, PiNode const, PiNode>;
+        return create(RCShdPtr<Node>(node), timePath, xml);
+    }
     // One extra panel from the caller's document, whose root must not be <Items>; no
     // per-panel data of the controller, no creation bracket.
     static Iterator<Item> createAuxiliaryUi(RCShdPtr<PiNode> const& node,
