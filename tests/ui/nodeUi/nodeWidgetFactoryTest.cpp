@@ -117,6 +117,13 @@ protected:
         return makeShared<CountingNode>(name, text);
     }
 
+    // A NodeWidget made from its definition, and its plug-in interface.
+    RCShdPtr<PiNodeWidget> nodeWidget(RCShdPtr<UiContainer>& widget) {
+        XmlDocument const doc("<NodeWidget><Widget Name='nw'/></NodeWidget>");
+        widget = dynamicCast<UiContainer>(UiWidgetFactory::createWidget(nullptr, doc.getRoot()));
+        return dynamicCast<PiNodeWidget>(widget->retrieveInterface());
+    }
+
     InputTestGraph g;
     std::vector<std::string> reports;
     MsgProtocol::DisplayHandler previous;
@@ -285,10 +292,8 @@ TEST_F(NodeWidgetFactoryTest, NodeWidgetShowsTheFirstPanelAndReturnsAll) {
     auto three = toolNode("<Items><Item>" + P("a") + "</Item><Item>" + P("b") + "</Item><Item>" +
                           P("c") + "</Item></Items>");
     auto bare = toolNode("");
-    XmlDocument const doc("<NodeWidget><Widget Name='nw'/></NodeWidget>");
-    RCShdPtr<UiContainer> nw =
-        dynamicCast<UiContainer>(UiWidgetFactory::createWidget(nullptr, doc.getRoot()));
-    auto iface = dynamicCast<PiNodeWidget>(nw->retrieveInterface());
+    RCShdPtr<UiContainer> nw;
+    auto iface = nodeWidget(nw);
     ASSERT_FALSE(iface.isNull());
     struct Row {
         char const* name;
@@ -381,6 +386,42 @@ TEST_F(NodeWidgetFactoryTest, TitledContainerShowsItsTitleAndKeepsItsRightClickT
         auto* data = titled->findClientData<RightClickItemData>();
         EXPECT_EQ(data ? data->getItems().size() : 0u, row.targets);
         EXPECT_EQ(reports.size(), row.reported);
+    }
+}
+
+} // namespace
+} // namespace Zr::test
+
+namespace Zr::test {
+namespace {
+
+TEST_F(NodeWidgetFactoryTest, ShippedToolsOpenAsPanels) {
+    struct Row {
+        char const* tool;
+        char const* titles;
+        char const* widget;
+    } const rows[] = {
+        {"Blur", "Blur", "radius"},
+        {"ColorCorrect", "ColorCorrect|Saturation", "saturation"},
+        {"Transform", "Transform", "scale"},
+        {"Glow", "Glow|Threshold|Tint", "tint_Blue"},
+        {"Grain", "Grain", "response_Highlights"},
+    };
+    for (Row const& row : rows) {
+        SCOPED_TRACE(row.tool);
+        auto node = g.graph->createNode(row.tool);
+        RCShdPtr<UiContainer> nw;
+        auto iface = nodeWidget(nw);
+        std::string titles, found;
+        for (auto items = UiNodeWidget::getContent(iface, node, g.timePath); !items.atEnd();
+             ++items) {
+            titles += (titles.empty() ? "" : "|") + items->getTitle().str();
+            if (auto* c = dynamic_cast<UiContainer*>(items->getWidget().get()))
+                if (!c->findWidgetRecursive(LiString(row.widget)).isNull())
+                    found = row.widget;
+        }
+        EXPECT_EQ(titles, row.titles);
+        EXPECT_EQ(found, row.widget);
     }
 }
 
