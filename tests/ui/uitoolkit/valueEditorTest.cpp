@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
 #include <list>
 
 namespace Zr {
@@ -141,6 +143,16 @@ TEST(ValueEditorFormat, NumbersFitInSevenCharacters) {
         EXPECT_EQ(UiValueEditor::formatString(r.value, r.format, "%.7s"), r.expected);
     }
     EXPECT_EQ(UiValueEditor::formatString(2.0, "%.1f", "%s dB"), "2.0 dB");
+    // Between the exponent thresholds the text is printf's, whichever way it is printed.
+    for (char const* format : {"%.7g", "%g", "%.3f", "%f", "%.0f", "%+.2f", "%8.3f"}) {
+        for (int i = 0; i < 200; ++i) {
+            double const value = (i % 2 ? -1.0 : 1.0) * std::ldexp(1.0 + i * 0.37, i % 22 - 12);
+            char expected[30];
+            std::snprintf(expected, sizeof expected, format, value);
+            SCOPED_TRACE(std::string(format) + " " + expected);
+            ASSERT_EQ(UiValueEditor::formatString(value, format, "%.29s"), expected);
+        }
+    }
     EXPECT_EQ(UiValueEditor::filterExponent("1.500000e+007"), "1.500000e7");
     EXPECT_EQ(UiValueEditor::filterExponent("2.5e-005"), "2.5e-5");
     EXPECT_EQ(UiValueEditor::filterExponent("3e+000"), "3e");
@@ -175,6 +187,41 @@ TEST_F(ValueEditor, DragStepsFromThePresentValueWithModifierFactors) {
         r.log.push_back("activate");
         EXPECT_EQ(log, r.log);
     }
+}
+
+// Typed text that is no number commits as 0; an overflow takes the limit of a clamped range and
+// leaves an unclamped one where it was; a drag of step 0 changes nothing.
+TEST_F(ValueEditor, TypedOverflowAndEmptyTextAndStepZeroKeepTheValueSound) {
+    struct Row {
+        bool clamped;
+        char const* typed;
+        double value;
+    } const rows[] = {
+        {true, "1e400", 100.0}, {true, "-1e400", -100.0}, {true, "", 0.0},   {true, "e", 0.0},
+        {true, "150", 100.0},   {false, "1e400", 5.0},    {false, "150", 150.0},
+    };
+    for (Row const& r : rows) {
+        SCOPED_TRACE(std::string(r.typed) + (r.clamped ? " clamped" : " unclamped"));
+        editor->setValueClamped(r.clamped);
+        editor->setValue(5.0, false);
+        press(20);
+        release(20);
+        ASSERT_TRUE(editor->isEditFieldMode());
+        field()->setString("", 0, false, false);
+        type(r.typed);
+        key(K::Return);
+        EXPECT_DOUBLE_EQ(editor->getValue(), r.value);
+    }
+    editor->setValueClamped(true);
+    editor->setIncrement(0.0);
+    editor->setValue(5.0, false);
+    log.clear();
+    press(10);
+    for (int x : {14, 30, 60})
+        moveTo(x);
+    release(60);
+    EXPECT_DOUBLE_EQ(editor->getValue(), 5.0);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "changed 5"), 0);
 }
 
 TEST_F(ValueEditor, ClickOpensTheFieldWhichCommitsOrCancels) {

@@ -34,9 +34,11 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 
 namespace Zr {
@@ -86,34 +88,78 @@ struct StepHotkeys {
 
 // printf of one value into the editor's buffer size; the format has been checked.
 template <class T>
-std::string print(std::string const& format, T value) {
+std::string print(char const* format, T value) {
     char buffer[FormatBuffer];
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    std::snprintf(buffer, sizeof buffer, format.c_str(), value);
+    std::snprintf(buffer, sizeof buffer, format, value);
 #pragma GCC diagnostic pop
     return buffer;
 }
 
+// The same for a number. The usual formats, "%e", "%f", "%g" with a precision or none, go
+// through std::to_chars, which prints exactly what printf prints for them in the C locale at a
+// fraction of the cost; flags, widths, other letters and non-finite numbers go to printf.
+std::string print(char const* format, double value) {
+    if (format[0] == '%' && std::isfinite(value)) {
+        char const* p = format + 1;
+        int precision = 6;
+        if (*p == '.') {
+            precision = 0;
+            for (++p; *p >= '0' && *p <= '9' && precision < 100; ++p)
+                precision = precision * 10 + (*p - '0');
+        }
+        std::chars_format const style = *p == 'e'   ? std::chars_format::scientific
+                                        : *p == 'f' ? std::chars_format::fixed
+                                                    : std::chars_format::general;
+        if ((*p == 'e' || *p == 'f' || *p == 'g') && p[1] == '\0') {
+            char buffer[FormatBuffer];
+            auto const [end, error] =
+                std::to_chars(buffer, buffer + sizeof buffer - 1, value, style, precision);
+            if (error == std::errc())
+                return std::string(buffer, end);
+        }
+    }
+    return print<double>(format, value);
+}
+
+// The precision of a string format that is exactly "%.<digits>s" (the editors' usual cut), or -1
+// for any other: those cut the text without a call to printf.
+int plainCutPrecision(std::string const& format) {
+    if (format.size() < 4 || format[0] != '%' || format[1] != '.' || format.back() != 's')
+        return -1;
+    int precision = 0;
+    for (std::size_t i = 2; i + 1 < format.size(); ++i) {
+        if (format[i] < '0' || format[i] > '9' || precision > FormatBuffer)
+            return -1;
+        precision = precision * 10 + (format[i] - '0');
+    }
+    return precision;
+}
+
 // Counts the conversions of a printf format: those whose letter is in `letters`, and all
 // others ("%%" is none). Flags, width and precision are allowed, length modifiers are not.
-void countConversions(std::string const& format, std::string const& letters, int& wanted,
-                      int& others) {
+void countConversions(std::string const& format, char const* letters, int& wanted, int& others) {
     wanted = others = 0;
-    for (std::size_t i = 0; i < format.size(); ++i) {
+    auto const isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    auto const isFlag = [](char c) {
+        return c == '-' || c == '+' || c == ' ' || c == '#' || c == '0';
+    };
+    std::size_t const size = format.size();
+    for (std::size_t i = 0; i < size; ++i) {
         if (format[i] != '%')
             continue;
-        if (++i < format.size() && format[i] == '%')
+        if (++i < size && format[i] == '%')
             continue;
-        while (i < format.size() && std::string("-+ #0").find(format[i]) != std::string::npos)
+        while (i < size && isFlag(format[i]))
             ++i;
-        while (i < format.size() && std::isdigit(static_cast<unsigned char>(format[i])))
+        while (i < size && isDigit(format[i]))
             ++i;
-        if (i < format.size() && format[i] == '.')
+        if (i < size && format[i] == '.')
             ++i;
-        while (i < format.size() && std::isdigit(static_cast<unsigned char>(format[i])))
+        while (i < size && isDigit(format[i]))
             ++i;
-        if (i < format.size() && letters.find(format[i]) != std::string::npos)
+        if (i < size && format[i] != '\0' && std::strchr(letters, format[i]))
             ++wanted;
         else
             ++others;
@@ -249,15 +295,17 @@ std::string UiValueEditor::filterExponent(std::string const& text) {
 
 std::string UiValueEditor::formatString(double value, std::string const& format,
                                         std::string const& stringFormat) {
-    std::string const& number = isNumberFormat(format) ? format : DefaultFormat;
-    std::string text = print(number, value);
-    if (value >= LargePositive || value <= LargeNegative)
-        text = print("%e", value);
-    if ((value > 0.0 && value < Tiny) || (value < 0.0 && value > -Tiny))
-        text = print("%e", value);
+    char const* const number = isNumberFormat(format) ? format.c_str() : DefaultFormat;
+    // Very large, very small and negative millions are printed in exponent form; so is any
+    // number the format itself prints that way. Infinities and NaN have no exponent and keep the
+    // format's own text.
+    bool const large = value >= LargePositive || value <= LargeNegative;
+    bool const tiny = (value > 0.0 && value < Tiny) || (value < 0.0 && value > -Tiny);
+    std::string text = print(large || tiny ? "%e" : number, value);
     std::size_t const e = text.rfind('e');
     if (e == std::string::npos) {
-        text = print(number, value);
+        if (large || tiny)
+            text = print(number, value);
     } else {
         text = filterExponent(text);
         // The room left of seven characters after the exponent says how many decimals fit.
@@ -269,7 +317,14 @@ std::string UiValueEditor::formatString(double value, std::string const& format,
                                                  : "%.0e";
         text = filterExponent(print(shortFormat, value));
     }
-    return print(isTextFormat(stringFormat) ? stringFormat : DefaultStringFormat, text.c_str());
+    if (int const cut = plainCutPrecision(stringFormat); cut >= 0) {
+        // What printf would give: at most `cut` characters, within the editor's buffer.
+        text.resize(std::min({text.size(), static_cast<std::size_t>(cut),
+                              static_cast<std::size_t>(FormatBuffer - 1)}));
+        return text;
+    }
+    return print(isTextFormat(stringFormat) ? stringFormat.c_str() : DefaultStringFormat,
+                 text.c_str());
 }
 
 // --- making ----------------------------------------------------------------------------------
@@ -805,8 +860,12 @@ void UiValueEditor::showValueEditor() {
 void UiValueEditor::commitField(bool moveFocus) {
     UiValueEditorImp& imp = *_imp;
     imp.inEdit = false;
-    // Text that is no number reads as 0; the range clamps what it must.
-    setDisplayValue(std::atof(imp.editField->getString().c_str()), true);
+    // Text that is no number reads as 0; the range clamps what it must. A number too large for
+    // a double reads as an infinity: a clamped range takes its limit, an unclamped one keeps its
+    // value, as no number it could hold was typed.
+    double const typed = std::atof(imp.editField->getString().c_str());
+    if (std::isfinite(typed) || isValueClamped())
+        setDisplayValue(typed, true);
     if (moveFocus) {
         showValueEditor();
     } else {
