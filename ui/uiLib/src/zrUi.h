@@ -101,3 +101,13 @@
 #include "uiWindow.h"
 #include "valueHandlerResource.h"
 #include "uitoolkitInit.h"
+
+// ui/nodeUi: the node-bound widgets and the panel factory.
+#include "nodeUiCreationGuard.h"
+#include "nodeUiMessages.h"
+#include "nodeWidgetAdapter.h"
+#include "nodeWidgetFactory.h"
+#include "uiGenericNodeUi.h"
+#include "uiNodeWidget.h"
+#include "uiNodeWidgetFactory.h"
+#include "uiTitledContainer.h"
