@@ -187,7 +187,7 @@ void InputDataBase<T>::endGesture() {
 
 template <class T>
 bool InputDataBase<T>::write(T const& value) {
-    if (_inputValRW.isNull() || !_inputValRW->isSettable()) {
+    if (isLockedByInput()) {
         refresh();
         return false;
     }

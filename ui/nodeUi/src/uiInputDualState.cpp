@@ -35,6 +35,7 @@ constexpr char const* ToggleName = "InputToggleButton";
 
 void UiInputDualState::initialize() {
     InputUnderlineColors::fetch();
+    UiInputElement::keepMessages();
     UiWidgetFactory::registerFactory(
         LiString(IconName), OPtr<UiWidgetFactory>(new InputDualStateFactory<UiPushedToggleIcon>));
     UiWidgetFactory::registerFactory(

@@ -5,24 +5,20 @@
 #include "uiInputLabelHandler.h"
 #include "uiNodeWidgetFactory.h"
 
-#include "msgFileGuard.h"
-#include "msgProtocol.h"
+#include "nodeUiMessages.h"
 #include "piNode.h"
 #include "piSocketUtil.h"
+#include "uiWidgetFactory.h"
 #include "xmlElement.h"
 
 namespace Zr {
 
 namespace {
 
-// The node panel's messages are loaded only while the package starts; a report made later
-// loads them for its own length.
-void report(char const* id, std::initializer_list<std::string> arguments) {
-    MsgFileGuard messages("nodeUi.msg");
-    MsgWarning warning{MsgSubscription(id)};
-    for (std::string const& argument : arguments)
-        warning.arg(MsgProtocol::substitute(argument));
-    MsgProtocol::display(warning);
+// The node being built, as the panel's reports name it.
+std::string nodeTitle() {
+    RCShdPtr<PiNode const> const& node = UiNodeWidgetFactory::getCurrentNodeRO();
+    return node.isNull() ? std::string("-") : UiNodeWidgetFactory::createTitle(node).str();
 }
 
 std::string childText(XmlElement const& element, char const* tag) {
@@ -45,7 +41,9 @@ UiInputElement UiInputElement::read(XmlElement const* element, LiString const& w
         if (width.getData(percent) && percent >= 0 && percent <= 100)
             result._valueWidth = static_cast<float>(percent);
         else
-            report("NODEUI_BAD_VALUE_WIDTH", {widgetName.str(), width.getDataMB()});
+            NodeUiMessages::reportOnce("NODEUI_BAD_VALUE_WIDTH",
+                                       {nodeTitle(), widgetName.str(), width.getDataMB(),
+                                        UiWidgetFactory::describeLocation(*element)});
     }
     if (result._inputName.empty())
         return result;
@@ -60,13 +58,19 @@ UiInputElement UiInputElement::read(XmlElement const* element, LiString const& w
         result._input = result._inputRW;
     }
     if (result._input.isNull())
-        report("NODEUI_UNKNOWN_INPUT", {widgetName.str(), result._inputName,
-                                        node.isNull() ? std::string("-") : node->getName()});
+        NodeUiMessages::reportOnce(
+            "NODEUI_NO_INPUT",
+            {nodeTitle(), result._inputName, UiWidgetFactory::describeLocation(*element)});
     return result;
 }
 
 void UiInputElement::reportWrongType(LiString const& widgetName, std::string const& reason) const {
-    report("NODEUI_WRONG_INPUT_TYPE", {widgetName.str(), _inputName, reason});
+    NodeUiMessages::reportOnce("NODEUI_WRONG_INPUT_TYPE",
+                               {nodeTitle(), widgetName.str(), _inputName, reason});
+}
+
+void UiInputElement::keepMessages() {
+    NodeUiMessages::keep({"NODEUI_WRONG_INPUT_TYPE", "NODEUI_BAD_VALUE_WIDTH"});
 }
 
 void UiInputElement::addLabel(UiWidget& widget, UiResTable const* table, XmlElement const* element,

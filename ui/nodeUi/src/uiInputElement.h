@@ -18,7 +18,7 @@ public:
     // Reads `Input`, `Undoable` (an element's text or an attribute, true by default) and
     // `ValueWidth` (percent, 50 by default; out of 0..100 is reported and the default kept),
     // and finds the input on UiNodeWidgetFactory's current node: the read-only node when the
-    // panel is read-only. A name the node lacks is reported once, here.
+    // panel is read-only. A name the node lacks is reported (once per place in a description).
     static UiInputElement read(XmlElement const* element, LiString const& widgetName);
 
     // Attaches the binding that `make(inputRW, input, timePath, undoable)` returns to the
@@ -42,6 +42,10 @@ public:
     // the share `ValueWidth` gives it; nothing without a label.
     void addLabel(UiWidget& widget, UiResTable const* table, XmlElement const* element,
                   std::string const& text = {}) const;
+
+    // Keeps the texts of the reports made here; called by the start-up steps, while the
+    // package's messages are loaded.
+    static void keepMessages();
 
     std::string const& getInputName() const { return _inputName; }
     RCShdPtr<PiInput> const& getInputRW() const { return _inputRW; }

@@ -78,8 +78,11 @@ RCShdPtr<UiLabel> UiInputLabelHandler::createLabel(UiResTable const* table,
                                       UiConstraint::TypePixel, UiConstraint::TargetLow,
                                       UiConstraint::TargetLow, UiConstraint::TargetSibling,
                                       UiConstraint::TargetHigh, {}, {}, _widget->getName()));
-    _widget->addClientData(label);
+    // The widget reaches its label through this handler, which both hold; the label is not
+    // held by the widget, as the label's constraint counts from the widget.
+    _widget->addClientData(RCShdPtr<RCObject>(this));
     label->addClientData(RCShdPtr<RCObject>(this));
+    label->addDestroyCb(&_destroyHandler);
     if (!_inputRW.isNull())
         install();
     return label;
@@ -87,6 +90,7 @@ RCShdPtr<UiLabel> UiInputLabelHandler::createLabel(UiResTable const* table,
 
 void UiInputLabelHandler::install() {
     ZR_ASSERT(!_inputRW.isNull());
+    ZR_ASSERT_TEXT(_label != nullptr, "!_label.isNull()");
     _label->addStateCb(&_stateHandler);
     _label->addMapCb(&_mapHandler);
     _installed = true;
@@ -97,6 +101,8 @@ void UiInputLabelHandler::install() {
 }
 
 void UiInputLabelHandler::uninstall() {
+    if (!_label)
+        return;
     _label->removeStateCb(&_stateHandler);
     _label->removeMapCb(&_mapHandler);
     _installed = false;

@@ -40,6 +40,7 @@ public:
     void setInput(RCShdPtr<PiInput> const& input, RCShdPtr<PiTimePath const> const& timePath);
     void setInput(RCShdPtr<PiInput const> const& input, RCShdPtr<PiTimePath const> const& timePath);
 
+    // Null once the label is gone.
     UiLabel* getLabel() const { return _label; }
     RCShdPtr<PiInput const> const& getInput() const { return _input; }
 
@@ -48,6 +49,7 @@ private:
     void uninstall();
     void onLabelState(EvEvent&);
     void onLabelMap(EvEvent&);
+    void onLabelDestroyed(EvEvent&) { _label = nullptr; }
 
     RCShdPtr<PiInput> _inputRW;
     RCShdPtr<PiInput const> _input;
@@ -60,6 +62,8 @@ private:
     bool _installed = false;
     CbMethod<UiInputLabelHandler, EvEvent> _stateHandler{this, &UiInputLabelHandler::onLabelState};
     CbMethod<UiInputLabelHandler, EvEvent> _mapHandler{this, &UiInputLabelHandler::onLabelMap};
+    CbMethod<UiInputLabelHandler, EvEvent> _destroyHandler{this,
+                                                           &UiInputLabelHandler::onLabelDestroyed};
 };
 
 } // namespace Zr

@@ -29,6 +29,7 @@ protected:
 
 void UiInputTextField::initialize() {
     InputUnderlineColors::fetch();
+    UiInputElement::keepMessages();
     UiWidgetFactory::registerFactory(LiString(TypeName),
                                      OPtr<UiWidgetFactory>(new InputTextFieldFactory));
 }

@@ -31,9 +31,8 @@ void unbind(UiWidget& widget) {
 
 void rebindLabel(UiWidget& widget, RCShdPtr<PiInput> const& inputRW,
                  RCShdPtr<PiInput const> const& input, RCShdPtr<PiTimePath const> const& timePath) {
-    UiLabel* label = widget.findClientData<UiLabel>();
-    UiInputLabelHandler* handler = label ? label->findClientData<UiInputLabelHandler>() : nullptr;
-    if (!handler)
+    UiInputLabelHandler* handler = widget.findClientData<UiInputLabelHandler>();
+    if (!handler || !handler->getLabel())
         return;
     if (!inputRW.isNull())
         handler->setInput(inputRW, timePath);
@@ -60,6 +59,7 @@ protected:
 
 void UiInputValueEditor::initialize() {
     InputUnderlineColors::fetch();
+    UiInputElement::keepMessages();
     UiWidgetFactory::registerFactory(LiString(TypeName),
                                      OPtr<UiWidgetFactory>(new InputValueEditorFactory));
 }
