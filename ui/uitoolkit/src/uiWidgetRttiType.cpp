@@ -12,9 +12,11 @@ void UiWidgetTypes::registerTypes() {
     Range::registerType("UiRange");
     TextField::registerType("UiTextField");
     ValueEditor::registerType("UiValueEditor");
+    PopupMenu::registerType("UiPopupMenu");
 }
 
 void UiWidgetTypes::deregisterTypes() {
+    PopupMenu::deregisterType();
     ValueEditor::deregisterType();
     TextField::deregisterType();
     Range::deregisterType();

@@ -9,6 +9,7 @@ namespace Zr {
 
 class UiContainer;
 class UiDualState;
+class UiPopupMenu;
 class UiRange;
 class UiTextField;
 class UiValueEditor;
@@ -31,6 +32,7 @@ struct UiWidgetTypes {
     using Range = RttiGenType1<UiRange, Widget, WidgetRttiType>;
     using TextField = RttiGenType1<UiTextField, Widget, WidgetRttiType>;
     using ValueEditor = RttiGenType1<UiValueEditor, Range, WidgetRttiType>;
+    using PopupMenu = RttiGenType1<UiPopupMenu, Widget, WidgetRttiType>;
 
     // The toolkit's start-up registers the types, each under its class name, bases first; its
     // exit deregisters them in reverse, which leaves the registry empty.

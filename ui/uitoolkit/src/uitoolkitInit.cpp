@@ -12,6 +12,7 @@
 #include "uiLabel.h"
 #include "uiLinearValueHandler.h"
 #include "uiLogGroups.h"
+#include "uiPopupMenu.h"
 #include "uiProgressBar.h"
 #include "uiPushButton.h"
 #include "uiPushButtonIcon.h"
@@ -87,6 +88,7 @@ void registerStandardWidgetFactories() {
     registerSimpleFactory<UiProgressBar>("ProgressBar");
     registerSimpleFactory<UiTrackSlider>("TrackSlider");
     registerSimpleFactory<UiValueEditor>("ValueEditor");
+    registerSimpleFactory<UiPopupMenu>("PopupMenu");
 }
 
 // The value handlers that resource tables can name (<LinearValueHandler A="" B=""/>).
