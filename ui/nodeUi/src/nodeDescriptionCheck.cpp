@@ -51,27 +51,39 @@ std::string where(XmlElement const& element) {
 // walk keeps its own stack: a description's nesting must not choose the depth of ours.
 std::vector<pugi::xml_node> collectRefused(XmlElement const& root, Refuse const& refuse,
                                            std::string const& owner) {
-    std::vector<std::pair<XmlElement, int>> pending;
+    // Each definition with its depth and what goes when it is refused: the definition itself,
+    // the whole Item of a panel's root, or everything of a single panel's document, so that
+    // nothing that followed the refused root becomes the panel.
+    struct Pending {
+        XmlElement definition;
+        int depth;
+        pugi::xml_node removed;
+    };
+    std::vector<Pending> pending;
     if (root.getNodeNameView() == ItemsTag) {
         std::vector<XmlElement> const items = root.getAllElementsByTagName(ItemTag);
         for (auto item = items.rbegin(); item != items.rend(); ++item) {
             std::vector<XmlElement> const children = item->getChildren();
             if (!children.empty())
-                pending.emplace_back(children.front(), elementDepth(children.front().getNode()));
+                pending.push_back(
+                    {children.front(), elementDepth(children.front().getNode()), item->getNode()});
         }
     } else if (root) {
-        pending.emplace_back(root, 1);
+        // A document may hold more than one element at its top: all of them go, or the next
+        // would become the root.
+        pending.push_back({root, 1, root.getNode().root()});
     }
 
     std::vector<pugi::xml_node> refused;
     std::unordered_set<pugi::xml_node_struct*> seen;
     while (!pending.empty()) {
-        auto [definition, depth] = pending.back();
+        Pending const next = pending.back();
         pending.pop_back();
+        XmlElement const& definition = next.definition;
         if (!seen.insert(definition.getNode().internal_object()).second)
             continue;
-        if (refuse(definition, depth)) {
-            refused.push_back(definition.getNode());
+        if (refuse(definition, next.depth)) {
+            refused.push_back(next.removed);
             continue;
         }
         std::vector<XmlElement> const groups = definition.getElementsByTagName(GroupTag);
@@ -86,7 +98,7 @@ std::vector<pugi::xml_node> collectRefused(XmlElement const& root, Refuse const&
                 continue;
             std::vector<XmlElement> const children = group->getChildren();
             for (auto child = children.rbegin(); child != children.rend(); ++child)
-                pending.emplace_back(*child, depth + 2);
+                pending.push_back({*child, next.depth + 2, child->getNode()});
         }
     }
 
@@ -98,7 +110,10 @@ std::vector<pugi::xml_node> collectRefused(XmlElement const& root, Refuse const&
         return set;
     }();
     std::vector<pugi::xml_node> outermost;
+    std::unordered_set<pugi::xml_node_struct*> kept;
     for (pugi::xml_node n : refused) {
+        if (!kept.insert(n.internal_object()).second)
+            continue;
         bool inside = false;
         for (pugi::xml_node up = n.parent(); up && !inside; up = up.parent())
             inside = all.count(up.internal_object()) != 0;
@@ -109,8 +124,15 @@ std::vector<pugi::xml_node> collectRefused(XmlElement const& root, Refuse const&
 }
 
 int removeAll(std::vector<pugi::xml_node> const& nodes) {
-    for (pugi::xml_node n : nodes)
-        n.parent().remove_child(n);
+    for (pugi::xml_node n : nodes) {
+        if (n.type() != pugi::node_document) {
+            n.parent().remove_child(n);
+            continue;
+        }
+        while (pugi::xml_node top =
+                   n.find_child([](pugi::xml_node c) { return c.type() == pugi::node_element; }))
+            n.remove_child(top);
+    }
     return static_cast<int>(nodes.size());
 }
 

@@ -198,6 +198,9 @@ void applyTableName(UiWidget& widget, std::string const& tableName) {
 Iterator<UiNodeWidgetFactory::Item>
 makePanels(XmlDocument const& document, RCShdPtr<PiNode const> const& node, PiUserInterface& ui) {
     XmlElement const root = document.getRoot();
+    // A description whose only panel was taken out has no root left.
+    if (!root)
+        return emptyResult();
     NodeUiCreationGuard guard(ui);
     std::string const tableName =
         root.getElementByTagName(UiResTable::getResTableNameTag()).getDataMB();
