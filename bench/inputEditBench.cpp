@@ -1,8 +1,8 @@
-// The edit of a value editor bound to a node input, through the event loop: a short drag (press,
-// a move past the four pixels of slop, a move, release) posted to the event queue and run until the
-// input holds the new value and its undo entry is logged; and one move of a drag in progress,
-// which writes into the drag's open entry. The window repaints between edits, outside the
-// timing. Runs without a display.
+// The edit of a value editor bound to a node input, among 1 to 1,000 bound editors, through the
+// event loop: a short drag (press, a move past the four pixels of slop, a move, release) posted
+// to the event queue and run until the input holds the new value and its undo entry is logged;
+// and one move of a drag in progress, which writes into the drag's open entry. The window
+// repaints between edits, outside the timing. Runs without a display.
 #include "zrUi.h"
 
 #include <benchmark/benchmark.h>
@@ -43,11 +43,19 @@ struct Graph {
     RCShdPtr<PiTimePath const> timePath = PiTimePath::create(graph->getTimeClient());
 };
 
+// `count` editors, each bound to the radius of a node of its own; the one edited, at the window's
+// corner, is made last, as the window looks for the widget under the pointer from the last child.
 struct Panel {
-    Panel() {
+    explicit Panel(int count = 1) {
         WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({0, 400, 0, 100});
         style.setMainWindow(false);
         window = UiTopLevel::create("bench", nullptr, style);
+        for (int i = 1; i < count; ++i) {
+            auto other = UiValueEditor::create(window->getRootContainer().get(), "other");
+            other->setRect({10, 210, 40 + 21 * i, 61 + 21 * i}, false); // most beyond the window
+            auto node = graph.graph->createNode(benchTool(), "Node" + std::to_string(i + 1));
+            UiInputValueEditor::setInput(*other, node->findInput("radius"), graph.timePath);
+        }
         editor = UiValueEditor::create(window->getRootContainer().get(), "radius");
         editor->setRect({10, 210, 10, 31}, false);
         editor->setIncrement(0.1);
@@ -96,7 +104,7 @@ struct Panel {
 // Press, a move past the four pixels of slop, a move of 15 more, release: one undo entry
 // "Set Radius" and the input's new value.
 void BM_DragEditThroughLoop(benchmark::State& state) {
-    Panel panel;
+    Panel panel(static_cast<int>(state.range(0)));
     int direction = 1;
     double previous = panel.graph.input("radius")->getStaticValue();
     for (auto _ : state) {
@@ -121,7 +129,13 @@ void BM_DragEditThroughLoop(benchmark::State& state) {
         panel.settle();
     }
 }
-BENCHMARK(BM_DragEditThroughLoop)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_DragEditThroughLoop)
+    ->Arg(1)
+    ->Arg(10)
+    ->Arg(100)
+    ->Arg(1000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
 
 // One move of a drag in progress, from the queue to the input's new value.
 void BM_DragMoveThroughLoop(benchmark::State& state) {
