@@ -108,6 +108,11 @@ RCShdPtr<PiGraph>& graph() {
 
 } // namespace
 
+// Fontconfig keeps what it reads for the process's life; LeakSanitizer would report it at exit.
+extern "C" char const* __lsan_default_suppressions() {
+    return "leak:libfontconfig\n";
+}
+
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     FuzzSupport::initialize();
     UiFrameRegistry::registerDefaultFrames();

@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 build=${ZR_FUZZ_BUILD_DIR:-build-fuzz}
 all="resTable constraint expression widgetDefinition hotkeyString hotkeyFile messageFile
-     variables fontDescription image toolFile uuidRational storedValue textField"
+     variables fontDescription image toolFile uuidRational storedValue textField nodeDescription"
 targets=${ZR_FUZZ_TARGETS:-$all}
 
 CC=clang CXX=clang++ cmake -S . -B "$build" -DZR_BUILD_FUZZ=ON -DZR_BUILD_TESTS=OFF \
@@ -20,7 +20,7 @@ cmake --build "$build" -j"$(nproc)" --target "${names[@]}" >/dev/null || exit 2
 
 # Inputs the size of a real file; tables and definitions may be larger than libFuzzer's default.
 declare -A maxLen=([resTable]=4096 [widgetDefinition]=8192 [hotkeyFile]=8192 [toolFile]=8192
-                   [image]=16384)
+                   [image]=16384 [nodeDescription]=8192)
 printf '%-18s %12s %10s %9s\n' target runs "runs/s" findings
 found=0
 for t in $targets; do
