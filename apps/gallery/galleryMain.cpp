@@ -1,12 +1,13 @@
 // The gallery, the toolkit's main program: a window of widgets in named colours, framed panels,
 // a shaded background, text in the registry's fonts, a panel built from a widget definition
-// showing the shipped icons, a panel of text fields, one of sliders, one of value editors, and
-// two push buttons.
+// showing the shipped icons, a panel of text fields, one of sliders, one of value editors, a
+// node's panel with undo and redo, and two push buttons.
 // `--screenshot FILE.png` writes what it shows, `--frames N` times N full repaints, `--size WxH`
 // resizes the window once it is open. Exit status 2 is bad arguments, 3 that no window can be
 // opened.
 #include "zrUi.h"
 
+#include "galleryNode.h"
 #include "galleryRanges.h"
 #include "galleryText.h"
 #include "galleryValues.h"
@@ -104,7 +105,7 @@ void place(UiWidget& w, char const* constraint) {
 class Gallery {
 public:
     Gallery() {
-        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({80, 731, 80, 836});
+        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({80, 731, 80, 976});
         style.setMainWindow(true); // closing it quits
         _window = UiTopLevel::create("ZRui gallery", nullptr, style);
         _window->setWindowTitle("ZRui gallery");
@@ -124,7 +125,10 @@ public:
         buildHeader(root);
         buildSwatches(root);
         buildButtons(root);
-        _textPanel = std::make_unique<GalleryTextPanel>(root, "14 p l 7 p s ok -14 p r 77 p h");
+        _node = std::make_unique<GalleryNode>(_window->getRootContainer(),
+                                              "14 p l 7 p s ok -14 p r 133 p h");
+        _textPanel =
+            std::make_unique<GalleryTextPanel>(root, "14 p l 7 p s nodePanel -14 p r 77 p h");
         _ranges = std::make_unique<GalleryRanges>(_window->getRootContainer(), "textPanel");
         _values = std::make_unique<GalleryValues>(_window->getRootContainer(), "rangesPanel");
         buildTextPanel(root);
@@ -262,7 +266,19 @@ private:
             line(*_small, "Cyan1",
                  "UTF-8: \xc3\xa9t\xc3\xa9, na\xc3\xafve, \xc3\x85ngstr\xc3\xb6m");
             line(*_bold, "Orange", "Node types");
-            line(*_small, "Orange", _nodeTypes);
+            // The names wrap at the panel's edge, between two names.
+            std::string row;
+            std::istringstream names(_nodeTypes);
+            for (std::string name; std::getline(names >> std::ws, name, ',');) {
+                std::string const longer = row.empty() ? name : row + ", " + name;
+                if (!row.empty() && _small->getStringWidth(longer + ",") > r.x2 - 14.f - x) {
+                    line(*_small, "Orange", row + ",");
+                    row = name;
+                } else {
+                    row = longer;
+                }
+            }
+            line(*_small, "Orange", row);
         });
     }
 
@@ -329,6 +345,7 @@ private:
     RCShdPtr<WsFont> _title, _text, _bold, _small, _italic, _fixed;
     RCShdPtr<UiPushButton> _ok, _cancel;
     std::unique_ptr<CbFunction<EvEvent>> _onOk, _onCancel;
+    std::unique_ptr<GalleryNode> _node;
     std::unique_ptr<GalleryTextPanel> _textPanel;
     std::unique_ptr<GalleryRanges> _ranges;
     std::unique_ptr<GalleryValues> _values;

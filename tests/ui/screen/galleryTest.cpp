@@ -128,7 +128,7 @@ protected:
 // Ways to quit, each run three times: a race at the end (a wake-up sent to a window being
 // destroyed) used to end one run in several with "BadWindow" and status 1.
 TEST_F(Gallery, EveryWayToQuitEndsWithStatusZero) {
-    int const height = 756; // the gallery's first size
+    int const height = 896; // the gallery's first size
     struct Way {
         char const* name;
         std::function<void(GalleryRun&)> quit;
