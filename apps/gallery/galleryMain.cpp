@@ -7,6 +7,7 @@
 // opened.
 #include "zrUi.h"
 
+#include "galleryMenus.h"
 #include "galleryNode.h"
 #include "galleryRanges.h"
 #include "galleryText.h"
@@ -221,8 +222,11 @@ private:
             b->getLabel().setFont(WsFontRegistry::Normal14Font);
             b->setKeyboardFocusFrame(true);
         }
+        // The Menus panel closes the row on the right; the status line takes what is between.
+        _menus = std::make_unique<GalleryMenus>(_window->getRootContainer(),
+                                                "-189 p r 14 p b -14 p r 35 p h");
         RCShdPtr<UiWidget> status = plain(root, "status", "Grey30", "In");
-        place(*status, "7 p s cancel 14 p b -14 p r 35 p h");
+        place(*status, "7 p s cancel 14 p b -196 p r 35 p h");
         UiWidget* statusWidget = status.get();
         RCShdPtr<UiDragAndDrop> dnd = UiDragAndDrop::create();
         dnd->setDndSrcSink(makeShared<ColourSink>("", [this, statusWidget](std::string const& c) {
@@ -345,6 +349,7 @@ private:
     RCShdPtr<WsFont> _title, _text, _bold, _small, _italic, _fixed;
     RCShdPtr<UiPushButton> _ok, _cancel;
     std::unique_ptr<CbFunction<EvEvent>> _onOk, _onCancel;
+    std::unique_ptr<GalleryMenus> _menus;
     std::unique_ptr<GalleryNode> _node;
     std::unique_ptr<GalleryTextPanel> _textPanel;
     std::unique_ptr<GalleryRanges> _ranges;

@@ -11,7 +11,11 @@ namespace Zr {
 
 UiCellIcon::UiCellIcon(OsFilePath const& file) {
     _icon.setAlignment(1, 1);
-    _icon.setImage(UiIconRegistry::getInstance().loadImage(file));
+    try {
+        _icon.setImage(UiIconRegistry::getInstance().loadImage(file));
+    } catch (ExBase const&) {
+        // A missing or unreadable image leaves an empty cell: the row keeps its text.
+    }
 }
 
 UiCellIcon::UiCellIcon(RCShdPtr<WsManagedImage> const& image) {

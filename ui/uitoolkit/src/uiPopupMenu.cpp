@@ -43,13 +43,20 @@ struct MenuIcons {
     RCShdPtr<WsManagedImage> cascade, toggleOn, toggleOff, radioOn, radioOff;
     static MenuIcons const& get() {
         static MenuIcons const icons = [] {
-            UiIconRegistry& registry = UiIconRegistry::getInstance();
+            // A mark that cannot be read is left out: the row still works without it.
+            auto load = [](char const* file) -> RCShdPtr<WsManagedImage> {
+                try {
+                    return UiIconRegistry::getInstance().loadImage(file);
+                } catch (ExBase const&) {
+                    return nullptr;
+                }
+            };
             MenuIcons i;
-            i.cascade = registry.loadImage("cascade.tif");
-            i.toggleOn = registry.loadImage("toggleOn.tif");
-            i.toggleOff = registry.loadImage("toggleOff.tif");
-            i.radioOn = registry.loadImage("radioOn.tif");
-            i.radioOff = registry.loadImage("radioOff.tif");
+            i.cascade = load("cascade.tif");
+            i.toggleOn = load("toggleOn.tif");
+            i.toggleOff = load("toggleOff.tif");
+            i.radioOn = load("radioOn.tif");
+            i.radioOff = load("radioOff.tif");
             return i;
         }();
         return icons;
@@ -132,11 +139,6 @@ RCShdPtr<UiPopupMenu> UiPopupMenu::create(UiContainer* parent, LiString const& n
     menu->resInit(table);
     menu->postInit();
     return menu;
-}
-
-RCShdPtr<UiPopupMenu> UiPopupMenu::create(RCShdPtr<UiContainer> const& parent, char const* name,
-                                          UiResTable const* table) {
-    return create(parent.get(), LiString(name ? name : ""), table);
 }
 
 GeRectangle<int> UiPopupMenu::getDefaultSubMenuRect() {
@@ -239,7 +241,10 @@ int UiPopupMenu::appendText(LiString const& text, LiString const& secondColumn,
 int UiPopupMenu::appendText(OsFilePath const& icon, std::string const& text,
                             std::string const& secondColumn, CbHandler<EvEvent>* handler, int id,
                             bool selectable) {
-    return insertText(-1, icon, text, secondColumn, handler, id, selectable);
+    return insertEntry(getNbOptions(),
+                       makeTextRow(LiString(text), LiString(secondColumn), id, selectable,
+                                   std::make_unique<UiCellIcon>(icon)),
+                       handler);
 }
 
 int UiPopupMenu::insertText(int beforeId, LiString const& text, CbHandler<EvEvent>* handler, int id,
@@ -508,6 +513,10 @@ int UiPopupMenu::getFocusId() const {
     RCShdPtr<UiRow> row = getRow(_menu->focusIndex);
     return row ? row->getId() : -1;
 }
+bool UiPopupMenu::isOpen() const {
+    return isDisplayed() || _menu->moved || _menu->parentPopup;
+}
+
 UiPopupMenu* UiPopupMenu::getParentPopup() const {
     return _menu->parentPopup;
 }
@@ -792,7 +801,7 @@ void UiPopupMenu::close() {
         row->setHighlight(false);
     }
     m.focusIndex = -1;
-    bool const wasOpen = isDisplayed();
+    bool const wasOpen = isOpen();
     hide();
     releaseBoth();
     if (m.removeOnClose)
@@ -898,8 +907,11 @@ bool UiPopupMenu::pointerMoved(GePoint2<int> const& p) {
     for (UiPopupMenu* m = this; m; m = m->_menu->parentPopup) {
         if (!m->_rect.contains(p))
             continue;
-        int const row = m->getRowByCoord(p);
-        if (row >= 0 && row != m->_menu->focusIndex) {
+        int row = m->getRowByCoord(p);
+        // A separator or a label takes no focus: the highlight leaves the rows.
+        if (row >= 0 && !m->getRow(row)->isSelectable())
+            row = -1;
+        if (row != m->_menu->focusIndex) {
             m->setSelection(row);
             _menu->ignoreRelease = false;
         }
@@ -941,7 +953,7 @@ void UiPopupMenu::onPointer(EvPointerEvent& event) {
         for (UiPopupMenu* m = this; m; m = m->_menu->parentPopup)
             if (m->_rect.contains(p)) {
                 int const row = m->getRowByCoord(p);
-                if (row >= 0) {
+                if (row >= 0 && m->getRow(row)->isSelectable()) {
                     m->setSelection(row);
                     m->selectCurrentRow(p);
                 }

@@ -24,8 +24,6 @@ public:
 
     static RCShdPtr<UiPopupMenu> create(UiContainer* parent, LiString const& name,
                                         UiResTable const* table = nullptr);
-    static RCShdPtr<UiPopupMenu> create(RCShdPtr<UiContainer> const& parent, char const* name,
-                                        UiResTable const* table = nullptr);
     // The rectangle submenus are created with.
     static GeRectangle<int> getDefaultSubMenuRect();
 
@@ -113,6 +111,8 @@ public:
     // `align` says, with the grabs.
     void launch(GePoint2<int> const& p, AlignPoint align = BelowRight);
     void close();
+    // Shown, or hidden for a moment while a choice is carried out and not yet closed.
+    bool isOpen() const;
     // The menu this one cascades from; null for a top-level menu.
     UiPopupMenu* getParentPopup() const;
     // The submenu open from this menu's focus row; null for none.

@@ -11,12 +11,12 @@ UiRowCascading::UiRowCascading(RCShdPtr<UiPopupMenu> const& popup, LiString cons
 }
 
 UiRowCascading::~UiRowCascading() {
-    if (_popup && _popup->isDisplayed())
+    if (_popup && _popup->isOpen())
         _popup->close();
 }
 
 void UiRowCascading::close() {
-    if (isPopupDisplayed())
+    if (_popup->isOpen())
         _popup->close();
 }
 
