@@ -1,5 +1,5 @@
 // Repaint costs of toolkit windows on a real display (Xvfb and llvmpipe here): the full repaint
-// of a 1920 x 1080 window of 2,000 widgets against the redraw after marking one of them, the
+// of a 1920 x 1080 window of 2,000 widgets against the redraw after marking one or k of them, the
 // time from an SDL click to a widget's activate callback, and the processor time of a window
 // left idle for 5 s. The packages start with graphics, so run it under a display.
 #include "zrUi.h"
@@ -106,6 +106,27 @@ void BM_RedrawOneMarkedOf2000Widgets1080p(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_RedrawOneMarkedOf2000Widgets1080p)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+// k of the 2,000 marked one by one, then redrawn: past the share of the window where marks
+// merge, the whole window is painted, which is what the merge costs with a display.
+void BM_RedrawKMarkedOf2000Widgets1080p(benchmark::State& state) {
+    if (!haveDisplay(state))
+        return;
+    Scene scene(1920, 1080, 2000);
+    std::size_t const k = static_cast<std::size_t>(state.range(0));
+    std::size_t const step = scene.widgets.size() / k;
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < k; ++i)
+            scene.widgets[i * step]->markForUpdate();
+        scene.redraw();
+    }
+}
+BENCHMARK(BM_RedrawKMarkedOf2000Widgets1080p)
+    ->Arg(200)
+    ->Arg(500)
+    ->Arg(2000)
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(2.0);
 
 // An SDL button press and release over a widget (pushed onto SDL's queue as the window system
 // would) until the widget's activate callback has run, through the event loop.

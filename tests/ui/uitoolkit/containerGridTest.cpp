@@ -1,6 +1,7 @@
 // A container with many children finds the children a mark reaches through a grid: the marks
 // it leaves are those a walk of every child leaves, on scenes of overlapping, opaque and
-// translucent children, for marks of a child, of a region and of a moved child.
+// translucent children, for marks of a child, of a region, of a moved child and of a child a
+// sibling has come over since its last mark.
 #include "treeTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -61,6 +62,12 @@ TEST(ContainerGrid, MarksReachTheSameChildrenAsAWalkOfAllOfThem) {
             s.children[33]->setRect({300, 380, 200, 260});
         },
         [](Scene& s) { s.panel->front(s.children[3].get()); },
+        [](Scene& s) { // marked alone, then again once a sibling above has come over it
+            s.children[7]->markForUpdate();
+            s.children[140]->setRect(s.children[7]->getRect());
+            s.clear();
+            s.children[7]->markForUpdate();
+        },
     };
     for (unsigned seed : {1u, 2u, 3u, 4u}) {
         for (std::size_t i = 0; i < marks.size(); ++i) {

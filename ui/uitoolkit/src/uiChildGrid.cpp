@@ -54,7 +54,8 @@ void UiChildGrid::erase(UiWidget* child, GeRectangle<int> const& rect) {
         }
 }
 
-void UiChildGrid::collect(GeRectangle<int> const& rect, std::vector<UiWidget*>& out) const {
+void UiChildGrid::collect(GeRectangle<int> const& rect, std::vector<UiWidget*>& out,
+                          UiWidget const* skip) const {
     int x1, x2, y1, y2;
     if (!cellRange(rect, x1, x2, y1, y2))
         return;
@@ -62,7 +63,7 @@ void UiChildGrid::collect(GeRectangle<int> const& rect, std::vector<UiWidget*>& 
     for (int y = y1; y <= y2; ++y)
         for (int x = x1; x <= x2; ++x) {
             for (Entry const& entry : _cells[static_cast<std::size_t>(y) * _columns + x])
-                if (entry.rect.intersects(rect))
+                if (entry.child != skip && entry.rect.intersects(rect))
                     out.push_back(entry.child);
         }
     // A child over several cells was met in each.

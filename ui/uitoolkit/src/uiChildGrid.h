@@ -27,8 +27,10 @@ public:
     void erase(UiWidget* child, GeRectangle<int> const& rect);
 
     // Appends the children whose rectangles meet `rect`, each once, in no order: only those can
-    // take a share of damage in `rect` or hide part of it.
-    void collect(GeRectangle<int> const& rect, std::vector<UiWidget*>& out) const;
+    // take a share of damage in `rect` or hide part of it. `skip` (the child a mark comes from)
+    // is left out.
+    void collect(GeRectangle<int> const& rect, std::vector<UiWidget*>& out,
+                 UiWidget const* skip = nullptr) const;
 
 private:
     // The cell range a rectangle covers, clipped to the grid; false when it misses the grid.

@@ -151,6 +151,7 @@ void UiContainer::findFirstNamed(Children::Named& named, LiString const& name,
 }
 
 void UiContainer::restacked(UiWidget* child) {
+    ++_children->_layoutEpoch;
     auto it = _children->_byName.find(child->getName());
     if (it != _children->_byName.end() && it->second._count > 1)
         findFirstNamed(it->second, child->getName(), nullptr);
@@ -181,7 +182,7 @@ void UiContainer::setGridThreshold(std::size_t children) {
 }
 
 void UiContainer::childrenOver(GeRectangle<int> const& rect, std::int64_t above,
-                               std::vector<UiWidget*>& out) {
+                               std::vector<UiWidget*>& out, UiWidget const* self) {
     Children& c = *_children;
     out.clear();
     if (c._list.size() <= _gridThreshold) {
@@ -208,11 +209,16 @@ void UiContainer::childrenOver(GeRectangle<int> const& rect, std::int64_t above,
         if (!c._grid)
             c._grid = std::make_unique<UiChildGrid>();
         c._gridCount = c._list.size();
+        ++c._layoutEpoch;
         c._grid->reset(canvas.width(), canvas.height(), c._gridCount);
         for (auto const& w : c._list)
             c._grid->insert(w.get(), w->getRect());
     }
-    c._grid->collect(rect, out);
+    // The marking child itself is left out in the cells, where its rectangle sits: it would
+    // be found in each cell it covers and then dropped by its key.
+    c._grid->collect(rect, out, self);
+    if (out.empty())
+        return;
     std::erase_if(out, [above](UiWidget const* w) { return w->_imp->_stackKey <= above; });
     if (out.size() > 1)
         std::sort(out.begin(), out.end(), [](UiWidget const* a, UiWidget const* b) {
@@ -221,6 +227,7 @@ void UiContainer::childrenOver(GeRectangle<int> const& rect, std::int64_t above,
 }
 
 void UiContainer::childMoved(UiWidget* child, GeRectangle<int> const& old) {
+    ++_children->_layoutEpoch;
     if (UiChildGrid* grid = _children->_grid.get()) {
         grid->erase(child, old);
         grid->insert(child, child->getRect());
@@ -274,6 +281,7 @@ void UiContainer::addWidget(UiWidget* child) {
     }
     imp._listed = true;
     imp._damageListed = false;
+    ++c._layoutEpoch;
     indexName(child);
     if (c._grid)
         c._grid->insert(child, child->getRect());
@@ -293,6 +301,7 @@ void UiContainer::removeWidget(UiWidget* child) {
         _children->_alwaysOnTop = nullptr;
     _children->_list.erase(imp._node);
     imp._listed = false;
+    ++_children->_layoutEpoch;
     unindexName(child);
     if (_children->_grid)
         _children->_grid->erase(child, child->getRect());
@@ -410,6 +419,8 @@ void UiContainer::setLowerLeft(int x, int y) {
         child->translateOrigin(-dx, -dy, true);
     GeRectangle<int> const old = _rect;
     _rect = GeRectangle<int>(x, old.x2, y, old.y2);
+    if (UiContainer* parent = _imp->_listed ? getParent() : nullptr)
+        parent->childMoved(this, old);
     adjustCoords();
     markParent(old);
     markForUpdate();
@@ -706,11 +717,14 @@ void UiContainer::markRegion(GeRectangle<int> const& rect) {
     UiWindow* window = getWindow();
     if (!isMapped() || !isDisplayed() || !window || rect.isEmpty())
         return;
+    if (window->isRepaintMerged())
+        return; // the whole window is repainted at its next redraw
     GeRectangle<int> copy = rect.intersection(_rect);
     if (UiContainer* parent = getParent())
         parent->markUp(copy, this);
     if (copy.isEmpty())
         return;
+    window->noteMark(copy);
 
     GeRectangle<int> const canvas = getCanvas();
     GeRectangle<int> region = copy.intersection(canvas);
@@ -751,9 +765,21 @@ void UiContainer::markUp(GeRectangle<int>& rect, UiWidget* child) {
     rect.translate(-canvas.x1, -canvas.y1);
     if (rect.isEmpty())
         return;
-    // The siblings stacked above the child see the damage too; opaque ones cut it.
-    std::vector<UiWidget*>& over = _children->_over;
-    childrenOver(rect, child && child->_imp->_listed ? child->_imp->_stackKey : INT64_MIN, over);
+    // The siblings stacked above the child see the damage too; opaque ones cut it. A child
+    // known to have no sibling above over it (since the children last changed) skips the
+    // look-up for marks inside its rectangle, as a widget marking itself does.
+    Children& c = *_children;
+    bool const listed = child && child->_imp->_listed;
+    if (listed && child->_imp->_clearAboveEpoch == c._layoutEpoch &&
+        child->getRect().contains(rect))
+        return;
+    std::vector<UiWidget*>& over = c._over;
+    childrenOver(rect, listed ? child->_imp->_stackKey : INT64_MIN, over, listed ? child : nullptr);
+    if (over.empty()) {
+        if (listed && rect.contains(child->getRect()))
+            child->_imp->_clearAboveEpoch = c._layoutEpoch;
+        return;
+    }
     for (UiWidget* sibling : over) {
         sibling->markDown(rect);
         if (rect.isEmpty())

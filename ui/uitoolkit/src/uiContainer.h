@@ -48,6 +48,9 @@ public:
         UPtr<UiChildGrid> _grid;
         std::size_t _gridCount = 0; // the children the grid's cells were sized for
         std::vector<UiWidget*> _over;
+        // Steps whenever a child comes, goes, moves or is restacked: a child's note that no
+        // sibling above overlaps it holds while the count it was taken at is current.
+        std::uint32_t _layoutEpoch = 1;
     };
     using ChildList = std::list<RCShdPtr<UiWidget>>;
     enum WidgetList { AllChildren = 0, MappedChildren = 1 };
@@ -186,9 +189,9 @@ private:
     void forgetDamage(UiWidget* child);
     // Fills `out` with the children that may lie over `rect` (canvas coordinates) and stand
     // above the stacking key `above`, topmost first: all of them in a small container, those
-    // the grid finds in a large one.
-    void childrenOver(GeRectangle<int> const& rect, std::int64_t above,
-                      std::vector<UiWidget*>& out);
+    // the grid finds in a large one. `self`, when given, is the child whose key `above` is.
+    void childrenOver(GeRectangle<int> const& rect, std::int64_t above, std::vector<UiWidget*>& out,
+                      UiWidget const* self = nullptr);
     // A child's rectangle changed from `old`: the grid follows.
     void childMoved(UiWidget* child, GeRectangle<int> const& old);
     // Hides a displayed child around a change of its place, so both places get damaged.

@@ -120,9 +120,7 @@ void UiWidget::setSize(int w, int h, bool notify) {
     setRect({_rect.x1, _rect.x1 + w, _rect.y1, _rect.y1 + h}, notify);
 }
 
-GeRectangle<int> UiWidget::getCanvas() const {
-    if (!_currentFrame)
-        return _rect;
+GeRectangle<int> UiWidget::getFramedCanvas() const {
     GeRectangle<int> canvas = _currentFrame->getCanvas(_rect);
     if (_keyboardFocusable && _keyboardFocusFrame) {
         if (auto focus = getFrame(FocusFrame))
@@ -265,12 +263,8 @@ UiContainer* UiWidget::getParent() const {
     return _imp->_parent;
 }
 
-UiWindow* UiWidget::getWindow() const {
-    return _imp->_window;
-}
-
 void UiWidget::setWindow(UiWindow* window) {
-    _imp->_window = window;
+    _window = window;
 }
 
 void UiWidget::setParent(UiContainer* parent) {
@@ -569,6 +563,8 @@ bool UiWidget::hasFocus() const {
 
 void UiWidget::markForUpdate() {
     UiWindow* const window = getWindow();
+    if (window && window->isRepaintMerged())
+        return; // the whole window is repainted at its next redraw
     if (window) {
         // Already to be drawn whole into both buffers since the last redraw (a widget is often
         // marked several times in one turn of the loop): marking again gives the same marks.
@@ -596,6 +592,9 @@ void UiWidget::mark(GeRectangle<int> const& rect) {
 }
 
 void UiWidget::markRegion(GeRectangle<int> const& rect) {
+    UiWindow* const window = getWindow();
+    if (window && window->isRepaintMerged())
+        return; // the whole window is repainted at its next redraw
     GeRectangle<int> visible = rect;
     if (UiContainer* parent = getParent())
         parent->markUp(visible, this);
@@ -606,8 +605,8 @@ void UiWidget::markRegion(GeRectangle<int> const& rect) {
     // Seen through a translucent widget, the parent must repaint too.
     if (!isOpaque())
         markParent(visible);
-    if (UiWindow* window = getWindow())
-        window->markNotify();
+    if (window)
+        window->noteMark(visible);
 }
 
 void UiWidget::markParent(GeRectangle<int> const& rect) {

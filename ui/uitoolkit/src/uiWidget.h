@@ -57,7 +57,8 @@ public:
     void translateOrigin(int dx, int dy, bool notify = true);
     void setSize(int w, int h, bool notify = true);
     // The client rectangle: _rect less the frame, and less the focus frame when one is shown.
-    GeRectangle<int> getCanvas() const;
+    // (Inline for the frameless case, which every mark asks for several times.)
+    GeRectangle<int> getCanvas() const { return _currentFrame ? getFramedCanvas() : _rect; }
     GePoint2<int> getScreenCoord(bool toWindow = true) const;
     GeRectangle<int> getScreenRect() const;
     GeRectangle<int> getScreenCanvas() const;
@@ -117,7 +118,7 @@ public:
     void setParent(UiContainer* parent);
     void clearParent();
     UiContainer* getParent() const;
-    UiWindow* getWindow() const;
+    UiWindow* getWindow() const { return _window; }
     void show();
     void hide();
     void display(bool on);
@@ -348,6 +349,7 @@ protected:
     friend class UiTopLevel;
 
 private:
+    GeRectangle<int> getFramedCanvas() const;
     void initFocusColors();
     static CoRgbColor blackColor();
     // Lists this widget with its container as having damage to draw, and the container with
@@ -368,6 +370,8 @@ protected:
     CoRgbColor _parentColor;
     CoRgbColor _currentBackground;
     UPtr<UiWidgetImp> _imp;
+    // Beside _imp, not in it: marks read it first, and often need nothing else.
+    UiWindow* _window = nullptr;
     LiString _name;
     std::map<LiString, RCShdPtr<UiFrame>> _frames;
     RCShdPtr<UiFrame> _currentFrame;

@@ -74,7 +74,6 @@ public:
     std::string getHandlerName() const override;
 
     UiWidget* _widget;
-    UiWindow* _window = nullptr;
     UiContainer* _parent = nullptr;
 
 private:
@@ -98,6 +97,8 @@ public:
     bool _hasConstraint = false;
     bool _tornDown = false;
     int _initPhase = 0;
+    // The container's layout count when no sibling above was found over this widget.
+    std::uint32_t _clearAboveEpoch = 0;
     // What few widgets use, made on first use, so that a plain widget carries none of it: the
     // constraint and its siblings (one per edge, X1, Y1, X2, Y2), client data, tooltip texts,
     // the name of the table it was read from, and its own cursor.

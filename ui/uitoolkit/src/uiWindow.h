@@ -39,6 +39,13 @@ public:
     void writeScreenshot(OsFilePath const& path);
     // Damage somewhere in the tree: the loop will redraw this window at the end of its turn.
     void markNotify();
+    // A mark over `rect` (pixels that will be repainted) was made in this window's tree. Once
+    // the marks made since the last redraw are many and cover much of the window, they are
+    // merged into one repaint of the whole window (see isRepaintMerged).
+    void noteMark(GeRectangle<int> const& rect);
+    // Whether the next redraw repaints the whole window into both buffers: a mark made until
+    // then has nothing to add and returns at once.
+    bool isRepaintMerged() const { return _repaintMerged; }
     bool needsRedraw() const;
     void setWindowName(LiString const& name);
     LiString const& getWindowName() const;
@@ -84,6 +91,11 @@ protected:
     RCShdPtr<UiWindowImp> _imp;
     UPtr<SmContext> _context;
     std::list<RCShdPtr<UiWidget>> _deferredMoves;
+    // Marks since the last redraw, and the pixels they cover summed (overlaps counted twice).
+    int _marksSinceRedraw = 0;
+    std::int64_t _markedArea = 0;
+    bool _repaintMerged = false;
+    bool _drawing = false; // marks made by draw callbacks are drawn by the redraw under way
 };
 
 } // namespace Zr
