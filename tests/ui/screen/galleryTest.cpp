@@ -86,6 +86,29 @@ public:
         _x.button(1, false);
         _x.sync();
     }
+    // A press at one point of the window, moved sideways in steps to another, and released.
+    void drag(int x1, int x2, int yUp, int height) {
+        auto to = [&](int x) {
+            _x.moveTo(_left + x, _top + height - 1 - yUp);
+            _x.sync();
+            std::this_thread::sleep_for(20ms);
+        };
+        to(x1);
+        _x.button(1, true);
+        for (int x = x1; x != x2; x += x2 > x1 ? 5 : -5)
+            to(x);
+        to(x2);
+        _x.button(1, false);
+        _x.sync();
+    }
+    // The pixels of a rectangle of the window (left, bottom, width, height, y up), once the
+    // pointer is out of the way and the window had time to repaint.
+    std::vector<unsigned> capture(int x, int yUp, int w, int h, int height) {
+        _x.moveTo(_left + 300, _top + 30);
+        _x.sync();
+        std::this_thread::sleep_for(400ms);
+        return _x.capture(_left + x, _top + height - yUp - h, w, h);
+    }
     // The exit status, or -1 if it has not ended within 20 s.
     int waitForExit() {
         for (int i = 0; i < 400; ++i) {
@@ -163,6 +186,34 @@ TEST_F(Gallery, EveryWayToQuitEndsWithStatusZero) {
             EXPECT_EQ(run.output().find("X Error"), std::string::npos) << run.output();
         }
     }
+}
+
+// The node panel follows an edit of its Radius (a drag: 10 becomes 11), the undo of it (Ctrl+Z)
+// and the redo (the Redo button): the editor's pixels go back and forth with the value.
+TEST_F(Gallery, NodePanelFollowsUndoAndRedo) {
+    int const height = 896;
+    GalleryRun run(_x);
+    ASSERT_NE(run.window(), 0u) << run.output();
+    // The inside of the Radius editor, on the node panel's top row.
+    auto radius = [&] { return run.capture(180, 131, 250, 14, height); };
+    auto const before = radius();
+    run.drag(300, 380, 136, height);
+    auto const edited = radius();
+    _x.focus(run.window());
+    _x.key("Control_L", true);
+    _x.key("z", true);
+    _x.key("z", false);
+    _x.key("Control_L", false);
+    _x.sync();
+    auto const undone = radius();
+    run.click(588, 119, height);
+    auto const redone = radius();
+    ASSERT_FALSE(before.empty());
+    EXPECT_NE(edited, before);
+    EXPECT_EQ(undone, before);
+    EXPECT_EQ(redone, edited);
+    _x.askToClose(run.window());
+    EXPECT_EQ(run.waitForExit(), 0) << run.output();
 }
 
 } // namespace

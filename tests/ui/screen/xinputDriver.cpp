@@ -128,6 +128,21 @@ bool XInputDriver::isResizable(unsigned long window) {
     return !fixed;
 }
 
+std::vector<unsigned> XInputDriver::capture(int x, int y, int width, int height) {
+    Display* display = dpy(_display);
+    XImage* image =
+        XGetImage(display, DefaultRootWindow(display), x, y, static_cast<unsigned>(width),
+                  static_cast<unsigned>(height), AllPlanes, ZPixmap);
+    if (!image)
+        return {};
+    std::vector<unsigned> pixels;
+    for (int row = 0; row < height; ++row)
+        for (int column = 0; column < width; ++column)
+            pixels.push_back(static_cast<unsigned>(XGetPixel(image, column, row) & 0xffffff));
+    XDestroyImage(image);
+    return pixels;
+}
+
 #else
 
 XInputDriver::XInputDriver() : _problem("built without XTest") {}
@@ -147,6 +162,9 @@ unsigned long XInputDriver::findWindow(std::string const&, int&, int&) {
 }
 bool XInputDriver::isResizable(unsigned long) {
     return false;
+}
+std::vector<unsigned> XInputDriver::capture(int, int, int, int) {
+    return {};
 }
 
 #endif

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace Zr::XInputTest {
 
@@ -41,6 +42,8 @@ public:
     // Whether the window tells the window manager it may be resized (its size hints don't fix
     // the minimum and maximum at one size).
     bool isResizable(unsigned long window);
+    // The pixels (0xRRGGBB, rows from the top) of a screen rectangle; empty when unusable.
+    std::vector<unsigned> capture(int x, int y, int width, int height);
 
 private:
     void* _display = nullptr;
