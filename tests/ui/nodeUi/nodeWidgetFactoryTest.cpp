@@ -169,7 +169,10 @@ TEST_F(NodeWidgetFactoryTest, DescriptionGivesItsPanelsAndReportsWhatCantBeBuilt
          "widget is left out."},
         {"unknown child type", C("panel", P("a") + "<Bogus><Widget Name='x'/></Bogus>" + P("b")),
          "%T/Default/panel(a,b)", "The panel of %T names the widget type Bogus"},
-        {"definition without its record", "<Items><Item><Probe/></Item></Items>", "",
+        {"panel root without its record: the next definition doesn't stand in",
+         "<Items><Item><Probe/>" + P("b") + "</Item><Item Title='Two'>" + P("c") +
+             "</Item></Items>",
+         "%T/Default/c",
          "The panel of %T defines a Probe without its <Widget> element (<text>:1); that widget "
          "is left out."},
         {"unknown group type", C("panel", P("a"), "Nope"), "%T/Default/panel()",
