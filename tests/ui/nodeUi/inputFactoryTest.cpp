@@ -56,7 +56,6 @@ TEST_F(InputFactory, LabelTogglesTheMark) {
     ASSERT_NE(label, nullptr);
     EXPECT_EQ(label->getName().str(), "_label");
     EXPECT_EQ(label->getText().str(), "Size");
-    EXPECT_EQ(label->getParent(), editor->getParent());
     EXPECT_FALSE(label->isLocked());
     auto util = g.graph->getKeyframingUtil();
     UiTest::clickOn(*label);

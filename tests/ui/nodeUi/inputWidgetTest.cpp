@@ -101,9 +101,10 @@ TEST_F(InputWidget, EachEditIsOneUndoEntry) {
         {"reset during a drag", "radius", true,
          [](InputWidget& t) { t.drag(30, [&t] { t.editor->resetValue(); }); }, 50, 2.0,
          "Reset Radius", 1},
+        {"calculator", "radius", true,
+         [](InputWidget& t) { t.editor->getCalculatable()->setValue(40); }, -1, 40.0, "Set Radius",
+         1},
         {"typed value", "radius", true, [](InputWidget& t) { t.typeValue("12.5"); }, -1, 12.5,
-         "Set Radius", 1},
-        {"calculator", "radius", true, [](InputWidget& t) { t.editor->setUiValue(40); }, -1, 40.0,
          "Set Radius", 1},
         {"Control-click reset", "radius", true,
          [](InputWidget& t) {
