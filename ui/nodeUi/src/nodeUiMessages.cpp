@@ -11,6 +11,8 @@ namespace Zr {
 
 namespace {
 
+constexpr std::size_t MaxRemembered = 10000;
+
 struct Kept {
     std::map<std::string, std::string> texts;
     std::set<std::string> reported;
@@ -45,6 +47,10 @@ MsgWarning NodeUiMessages::warning(std::string const& id,
 bool NodeUiMessages::reportOnce(std::string const& id,
                                 std::initializer_list<MsgArgument> arguments) {
     MsgWarning message = warning(id, arguments);
+    // A process that meets ever new bad descriptions (a fuzzer) must not keep every text: past
+    // the limit the texts shown start afresh, and a repeat may be shown once more.
+    if (kept().reported.size() >= MaxRemembered)
+        kept().reported.clear();
     if (!kept().reported.insert(message.getText()).second)
         return false;
     MsgProtocol::display(message);
