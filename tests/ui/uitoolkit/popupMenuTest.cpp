@@ -291,6 +291,58 @@ TEST_F(PopupMenu, BadInputIsReportedAndTheMenuStaysUsable) {
     EXPECT_EQ(chosen.back(), "Row 999");
 }
 
+// Toggle rows flip their mark through the ready-made handler; a hot mark, or a menu that does not
+// close on selection, stays open; in a reversed menu Up and Down swap.
+TEST_F(PopupMenu, TogglesHotMarksAndReversedMenus) {
+    CbFunction<EvEvent> flip(&UiPopupMenu::toggleCell);
+    int changes = 0;
+    CbFunction<EvEvent> changed([&](EvEvent&) { ++changes; });
+    menu->addSelectionChangedCb(&changed);
+    menu->appendToggle(LiString("Grid"), true, &flip);
+    menu->appendToggle(LiString("Snap"), false, &flip);
+    struct Case {
+        char const* name;
+        std::function<void()> setup;
+        std::vector<int> keys;
+        bool grid, snap, open;
+    };
+    std::vector<Case> const cases = {
+        {"Return flips and closes", [] {}, {4, 11}, false, false, false},
+        {"a hot mark stays open",
+         [&] { menu->getRow(1)->getCell(0)->setHot(true); },
+         {2, 11},
+         false,
+         true,
+         true},
+        {"no closing on selection",
+         [&] { menu->setCloseOnSelection(false); },
+         {4, 11},
+         true,
+         true,
+         true},
+        {"reversed: Down goes up",
+         [&] { menu->setReverseOrder(true); },
+         {4, 11},
+         true,
+         false,
+         true},
+    };
+    for (Case const& c : cases) {
+        SCOPED_TRACE(c.name);
+        c.setup();
+        menu->launch({20, 250});
+        changes = 0;
+        for (int k : c.keys)
+            key(k);
+        EXPECT_EQ(menu->getToggleState(0), c.grid);
+        EXPECT_EQ(menu->getToggleState(1), c.snap);
+        EXPECT_EQ(menu->isDisplayed(), c.open);
+        EXPECT_EQ(changes, 1);
+        menu->close();
+    }
+    menu->removeSelectionChangedCb(&changed);
+}
+
 // Actions of two groups, one with options and one that throws: rows in group order with a
 // separator between the groups, a submenu for the options, and each choice performed.
 TEST_F(PopupMenu, TheActionMenuListsAndPerformsTheRegistrysActions) {
