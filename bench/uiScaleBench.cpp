@@ -103,6 +103,19 @@ BENCHMARK(BM_RedrawKMarkedOf2000)
     ->Arg(2000)
     ->Unit(benchmark::kMillisecond);
 
+// 64 marks over the 2,000 widgets, each a quarter of the window at a different place, then
+// redrawn: the marks overlap, and each reaches some 500 widgets.
+void BM_RedrawOverlappingMarksOf2000(benchmark::State& state) {
+    Scene scene(2000);
+    UiContainer* root = scene.window->getRootContainer().get();
+    for (auto _ : state) {
+        for (int i = 0; i < 64; ++i)
+            root->markRegion(GeRectangle<int>::fromSize(i % 8 * 120, i / 8 * 67, 960, 540));
+        scene.settle();
+    }
+}
+BENCHMARK(BM_RedrawOverlappingMarksOf2000)->Unit(benchmark::kMillisecond);
+
 // The whole window marked at once and redrawn: what the k marks are held against.
 void BM_FullRepaintOf2000(benchmark::State& state) {
     Scene scene(2000);

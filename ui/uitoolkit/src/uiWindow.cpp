@@ -23,15 +23,14 @@ namespace {
 // Draw timings kept between two snapStatistics; older ones go first.
 constexpr std::size_t MaxIntervals = 1024;
 
-// The merge of marks into one repaint of the whole window. A mark costs a look-up of the
-// siblings over it and a little bookkeeping (about 80 ns among 2,000 children), which a repaint
-// of the whole window does not pay per widget; painting only the marks saves the widgets they
-// miss. Once MergeMinMarks marks cover at least MergeAreaShare of the window, what is left
-// unmarked is not worth the bookkeeping of the marks still to come: with 2,000 widgets marked
-// one by one, the merge comes after 500 of them. Few marks never merge, however large: they cost
-// nothing to keep, and a repaint of the whole window would paint what they leave out.
-constexpr int MergeMinMarks = 64;
-constexpr std::int64_t MergeAreaShare = 8; // one eighth
+// The merge of marks into one repaint of the whole window. Marking costs what a mark reaches: a
+// mark over many children marks each of them, and marks over the same place do it again. Once
+// the marks since the last redraw cover, summed, MergeWindowAreas times the window's area, they
+// have cost about that many markings of the whole window, and the one marking of the whole
+// window at the redraw costs no more than the marks still to come would. Marks that meet
+// nowhere cover the window once at most, so they never merge: the merge never paints what they
+// would not have, only what overlapping marks would have marked again and again.
+constexpr std::int64_t MergeWindowAreas = 2;
 
 double secondsSince(std::chrono::steady_clock::time_point t) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - t).count();
@@ -168,7 +167,6 @@ bool UiWindow::redrawAndRead(std::vector<std::uint8_t>* readBack) {
             widget->performDeferredMove();
     }
     clearMarks();
-    _marksSinceRedraw = 0;
     _markedArea = 0;
     if (_repaintMerged) {
         // Marks stopped being kept once merged: the whole root is marked now, for both buffers.
@@ -177,7 +175,6 @@ bool UiWindow::redrawAndRead(std::vector<std::uint8_t>* readBack) {
             root->clearMarks();
             root->markRegion(root->getRect());
         }
-        _marksSinceRedraw = 0;
         _markedArea = 0;
     }
 
@@ -226,12 +223,9 @@ void UiWindow::noteMark(GeRectangle<int> const& rect) {
     // Without a system window nothing is painted, and the marks are all there is to see.
     if (_drawing || rect.isEmpty() || !_imp->_osWindow)
         return;
-    ++_marksSinceRedraw;
     _markedArea += static_cast<std::int64_t>(rect.width()) * rect.height();
-    if (_marksSinceRedraw < MergeMinMarks)
-        return;
     GeRectangle<int> const& window = getRect();
-    if (_markedArea * MergeAreaShare >= static_cast<std::int64_t>(window.width()) * window.height())
+    if (_markedArea >= MergeWindowAreas * window.width() * window.height())
         _repaintMerged = true;
 }
 

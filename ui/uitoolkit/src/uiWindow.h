@@ -40,7 +40,7 @@ public:
     // Damage somewhere in the tree: the loop will redraw this window at the end of its turn.
     void markNotify();
     // A mark over `rect` (pixels that will be repainted) was made in this window's tree. Once
-    // the marks made since the last redraw are many and cover much of the window, they are
+    // the marks made since the last redraw cover, summed, twice the window's area, they are
     // merged into one repaint of the whole window (see isRepaintMerged).
     void noteMark(GeRectangle<int> const& rect);
     // Whether the next redraw repaints the whole window into both buffers: a mark made until
@@ -91,8 +91,7 @@ protected:
     RCShdPtr<UiWindowImp> _imp;
     UPtr<SmContext> _context;
     std::list<RCShdPtr<UiWidget>> _deferredMoves;
-    // Marks since the last redraw, and the pixels they cover summed (overlaps counted twice).
-    int _marksSinceRedraw = 0;
+    // The pixels the marks since the last redraw cover, summed (overlaps counted twice).
     std::int64_t _markedArea = 0;
     bool _repaintMerged = false;
     bool _drawing = false; // marks made by draw callbacks are drawn by the redraw under way
