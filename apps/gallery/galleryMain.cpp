@@ -1,7 +1,7 @@
 // The gallery, the toolkit's main program: a window of widgets in named colours, framed panels,
 // a shaded background, text in the registry's fonts, a panel built from a widget definition
 // showing the shipped icons, a panel of text fields, one of sliders, one of value editors, a
-// node's panel with undo and redo, and two push buttons.
+// node's panel with undo and redo, a button that opens a popup menu, and two push buttons.
 // `--screenshot FILE.png` writes what it shows, `--frames N` times N full repaints, `--size WxH`
 // resizes the window once it is open. Exit status 2 is bad arguments, 3 that no window can be
 // opened.
@@ -106,7 +106,7 @@ void place(UiWidget& w, char const* constraint) {
 class Gallery {
 public:
     Gallery() {
-        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({80, 731, 80, 976});
+        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({80, 731, 80, 1018});
         style.setMainWindow(true); // closing it quits
         _window = UiTopLevel::create("ZRui gallery", nullptr, style);
         _window->setWindowTitle("ZRui gallery");
@@ -128,8 +128,10 @@ public:
         buildButtons(root);
         _node = std::make_unique<GalleryNode>(_window->getRootContainer(),
                                               "14 p l 7 p s ok -14 p r 133 p h");
+        _menus = std::make_unique<GalleryMenus>(_window->getRootContainer(),
+                                                "14 p l 7 p s nodePanel -14 p r 35 p h");
         _textPanel =
-            std::make_unique<GalleryTextPanel>(root, "14 p l 7 p s nodePanel -14 p r 77 p h");
+            std::make_unique<GalleryTextPanel>(root, "14 p l 7 p s menusPanel -14 p r 77 p h");
         _ranges = std::make_unique<GalleryRanges>(_window->getRootContainer(), "textPanel");
         _values = std::make_unique<GalleryValues>(_window->getRootContainer(), "rangesPanel");
         buildTextPanel(root);
@@ -222,11 +224,8 @@ private:
             b->getLabel().setFont(WsFontRegistry::Normal14Font);
             b->setKeyboardFocusFrame(true);
         }
-        // The Menus panel closes the row on the right; the status line takes what is between.
-        _menus = std::make_unique<GalleryMenus>(_window->getRootContainer(),
-                                                "-189 p r 14 p b -14 p r 35 p h");
         RCShdPtr<UiWidget> status = plain(root, "status", "Grey30", "In");
-        place(*status, "7 p s cancel 14 p b -196 p r 35 p h");
+        place(*status, "7 p s cancel 14 p b -14 p r 35 p h");
         UiWidget* statusWidget = status.get();
         RCShdPtr<UiDragAndDrop> dnd = UiDragAndDrop::create();
         dnd->setDndSrcSink(makeShared<ColourSink>("", [this, statusWidget](std::string const& c) {

@@ -31,8 +31,7 @@ GalleryMenus::GalleryMenus(RCShdPtr<UiContainer> const& root, std::string const&
         return;
     _button->getLabel().setString("Menu");
     _button->getLabel().setFont(WsFontRegistry::Normal14Font);
-    // Out of the Tab order, which ends on Cancel; once open, the menu is worked with the keys.
-    _button->setKeyboardFocusable(false);
+    _button->setKeyboardFocusFrame(true);
     buildMenu();
 
     _onButton = std::make_unique<CbFunction<EvEvent>>([this](EvEvent&) { open(); });
@@ -91,7 +90,8 @@ CbHandler<EvEvent>* GalleryMenus::reporter(void (*also)(EvEvent&)) {
             return;
         UiRow& row = *selected->getRow();
         auto* mark = row.findCell<UiCellIndicator>();
-        show(row.getString().str() + (mark ? (mark->getState() ? ": on" : ": off") : ""));
+        show("Chose " + row.getString().str() +
+             (mark ? (mark->getState() ? " (now on)" : " (now off)") : ""));
     }));
     return _handlers.back().get();
 }
@@ -120,7 +120,7 @@ void GalleryMenus::buildMenu() {
             _blend->setToggleState(i, false);
         if (auto* mark = selected->getRow()->findCell<UiCellIndicator>())
             mark->setState(true);
-        show(selected->getRow()->getString().str());
+        show("Blend mode: " + selected->getRow()->getString().str());
     }));
     char const* const modes[] = {"Normal", "Add", "Multiply", "Screen", "Overlay"};
     for (int i = 0; i < 5; ++i)

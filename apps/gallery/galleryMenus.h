@@ -14,8 +14,8 @@ namespace Zr {
 
 class GalleryMenus {
 public:
-    // Builds the panel into `root`, placed by `constraint`. A definition that cannot be read is
-    // reported on stderr and leaves no panel.
+    // Builds the panel into `root`, placed by `constraint` (it is 35 pixels high). A definition
+    // that cannot be read is reported on stderr and leaves no panel.
     GalleryMenus(RCShdPtr<UiContainer> const& root, std::string const& constraint);
     ~GalleryMenus();
     GalleryMenus(GalleryMenus const&) = delete;
@@ -37,7 +37,7 @@ private:
     RCShdPtr<UiWidget> _choice;
     RCShdPtr<UiPopupMenu> _menu;
     RCShdPtr<UiPopupMenu> _blend;
-    std::string _last = "Right-click";
+    std::string _last = "Right-click this line for the same menu";
     std::vector<std::unique_ptr<CbFunction<EvEvent>>> _handlers;
     std::unique_ptr<CbFunction<EvEvent>> _onButton, _onPress, _onDraw;
 };

@@ -151,7 +151,7 @@ protected:
 // Ways to quit, each run three times: a race at the end (a wake-up sent to a window being
 // destroyed) used to end one run in several with "BadWindow" and status 1.
 TEST_F(Gallery, EveryWayToQuitEndsWithStatusZero) {
-    int const height = 896; // the gallery's first size
+    int const height = 938; // the gallery's first size
     struct Way {
         char const* name;
         std::function<void(GalleryRun&)> quit;
@@ -191,7 +191,7 @@ TEST_F(Gallery, EveryWayToQuitEndsWithStatusZero) {
 // The node panel follows an edit of its Radius (a drag: 10 becomes 11), the undo of it (Ctrl+Z)
 // and the redo (the Redo button): the editor's pixels go back and forth with the value.
 TEST_F(Gallery, NodePanelFollowsUndoAndRedo) {
-    int const height = 896;
+    int const height = 938;
     GalleryRun run(_x);
     ASSERT_NE(run.window(), 0u) << run.output();
     // The inside of the Radius editor, on the node panel's top row.
