@@ -806,11 +806,10 @@ void UiPopupMenu::close() {
     releaseBoth();
     if (m.removeOnClose)
         removeOptions(0);
+    // A trigger serves one opening: kept, it would hold a widget that may well own the menu.
     RCShdPtr<UiWidget> const trigger = m.trigger;
-    if (m.implicitTrigger) {
-        m.trigger = nullptr;
-        m.implicitTrigger = false;
-    }
+    m.trigger = nullptr;
+    m.implicitTrigger = false;
     if (trigger && m.armedByLaunch && UiArmStack::contains(trigger.get()))
         trigger->disarm();
     m.armedByLaunch = false;

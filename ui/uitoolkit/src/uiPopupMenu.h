@@ -91,7 +91,8 @@ public:
     void setFont(LiString const& handle);
     void setLaunchOffset(GeVector2<int> const& offset);
     void setSelectable(int index, bool selectable);
-    // The widget that launched the menu: disarmed and given the keyboard focus back on closing.
+    // The widget that launches the menu: disarmed and given the keyboard focus back on closing.
+    // It serves one opening and is forgotten when the menu closes.
     void setTrigger(RCShdPtr<UiWidget> const& trigger);
     RCShdPtr<UiWidget> const& getTrigger() const;
     int getFocusIndex() const;
