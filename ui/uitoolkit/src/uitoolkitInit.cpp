@@ -50,6 +50,14 @@ std::unique_ptr<LgMinorGroup>& eventsGroup() {
     return group;
 }
 
+// "uitoolkit.msg" stays loaded while the package runs: the toolkit reports with its texts long
+// after start-up (a filter refusing a typed number, a menu too tall for its window), and a
+// message shown with its identifier tells the user nothing.
+std::unique_ptr<MsgFileGuard>& toolkitMessages() {
+    static std::unique_ptr<MsgFileGuard> guard;
+    return guard;
+}
+
 void readColorDefinitions() {
     OsFilePath path = InPaths::getResourcesDir() + UiResTable::getResTableDir() + "colorDefs.xml";
     // Reading fills UiColorRegistry; the table itself is not kept. A missing file leaves the
@@ -108,7 +116,7 @@ void UiToolkitInit::init() {
     // The widget types first: everything built from here on can answer getNodeType.
     UiWidgetTypes::registerTypes();
 
-    MsgFileGuard messages("uitoolkit.msg");
+    toolkitMessages() = std::make_unique<MsgFileGuard>("uitoolkit.msg");
     UiWidget::PointerFocusFrameEnabled = UiToolkitSettings::isPointerFocusFrameEnabled();
     // The hotkey entries are known without graphics too, so that windows can bind them: the
     // default bindings, then the entries of the "/Global" actions the widgets use.
@@ -141,6 +149,7 @@ void UiToolkitInit::exit() {
     if (WsSdl::isActive() && WsWinMgr::getInstance().getNbWindows() == 0)
         WsSdl::shutdown();
     UiExternalWidgetFactory::unregisterFactory();
+    toolkitMessages().reset();
     UiLogGroups::setUiEvents(nullptr);
     eventsGroup().reset();
     // The registry asserts at process exit that no type is left in it.
