@@ -112,6 +112,20 @@ TEST(LabelResources, DefaultsAndADefinition) {
     root->removeChildren();
 }
 
+// A colour table read after labels were made: the labels made later take its colours.
+TEST(LabelResources, ColoursRegisteredLaterReachLabelsMadeLater) {
+    auto root = UiTest::TestRoot::make();
+    UiColorRegistry& colors = UiColorRegistry::getInstance();
+    CoRgbColor const marked = colors.getColor("MarkedForAnimation");
+    auto before = UiLabel::create(root.get(), "before");
+    colors.registerColor("MarkedForAnimation", 0, 0, 255);
+    EXPECT_EQ(UiLabel::create(root.get(), "after")->getColor("OnColor"), CoRgbColor(0, 0, 1.f));
+    EXPECT_EQ(before->getColor("OnColor"), marked);
+    auto byte = [](float v) { return static_cast<int>(v * 255.f + 0.5f); };
+    colors.registerColor("MarkedForAnimation", byte(marked.r), byte(marked.g), byte(marked.b));
+    root->removeChildren();
+}
+
 TEST(LabelInterface, TextAndStateGoBothWays) {
     auto root = UiTest::TestRoot::make();
     auto l = UiLabel::create(root.get(), "l");

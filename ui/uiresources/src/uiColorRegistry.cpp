@@ -114,6 +114,7 @@ CoRgbColorTyped<float> UiColorRegistry::registerColor(LiString const& name, int 
     CoRgbColorTyped<float> color(static_cast<float>(r / 255.0), static_cast<float>(g / 255.0),
                                  static_cast<float>(b / 255.0));
     _colors[name] = color;
+    ++_generation;
     return color;
 }
 

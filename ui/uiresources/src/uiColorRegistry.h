@@ -4,6 +4,7 @@
 
 #include "zrBase.h"
 
+#include <cstdint>
 #include <unordered_map>
 
 namespace Zr {
@@ -19,6 +20,9 @@ public:
     CoRgbColorTyped<float> getColor(LiString const& name) const;
     bool isRegisteredColor(LiString const& name) const;
     int getNbColors() const { return static_cast<int>(_colors.size()); }
+    // Grows with every registerColor(): what was made from the registry's colours and kept is
+    // out of date when the generation it was made at is no longer the current one.
+    std::uint64_t getGeneration() const { return _generation; }
 
     // The names of the default colours; widgets refer to these, not to the text.
     static inline LiString const Background{"Background"};
@@ -115,6 +119,7 @@ private:
     UiColorRegistry& operator=(UiColorRegistry const&) = delete;
 
     std::unordered_map<LiString, CoRgbColorTyped<float>> _colors;
+    std::uint64_t _generation = 0;
 };
 
 } // namespace Zr

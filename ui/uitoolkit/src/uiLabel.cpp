@@ -53,6 +53,9 @@ CoRgbColor UiLabel::getColor(LiString const& name) const {
 
 void UiLabel::stateChanged() {
     setCurrentLabel(getState() ? 1 : 0);
+    // While the resources are applied, postInit lays the label out once for all of them.
+    if (getInitPhase() == 3)
+        return;
     adjustCoords();
     markForUpdate();
 }

@@ -388,9 +388,9 @@ void UiValueEditor::setResource(RCShdPtr<UiResource> const& resource) {
         return;
     UiResource const& r = *resource;
     LiString const& name = r.getNameRef();
-    auto const* text = dynamic_cast<UiResText const*>(&r);
-    std::string const got = ", got " + std::string(r.getType());
+    auto const got = [&r] { return ", got " + std::string(r.getType()); };
     if (name == "LabelString" || name == "FormatString") {
+        auto const* text = dynamic_cast<UiResText const*>(&r);
         bool const label = name == "LabelString";
         char const* const wanted = label ? "one text with one %s"
                                          : "one text with one number "
@@ -399,7 +399,7 @@ void UiValueEditor::setResource(RCShdPtr<UiResource> const& resource) {
             !(label ? isTextFormat(text->getString(0)) : isNumberFormat(text->getString(0)))) {
             reportBadResource(r, wanted + (text && text->getNbStrings() == 1
                                                ? ", got \"" + std::string(text->getString(0)) + "\""
-                                               : got));
+                                               : got()));
             return;
         }
         if (label)
@@ -411,7 +411,7 @@ void UiValueEditor::setResource(RCShdPtr<UiResource> const& resource) {
         auto const* limits = dynamic_cast<UiResMinMax const*>(&r);
         if (!limits || std::isnan(limits->getMin()) || std::isnan(limits->getMax()) ||
             !std::isfinite(limits->getStep())) {
-            reportBadResource(r, "a MinMax with numbers and a finite step" + got);
+            reportBadResource(r, "a MinMax with numbers and a finite step" + got());
             return;
         }
         setRange(limits->getMin(), limits->getMax(), false);
@@ -419,23 +419,23 @@ void UiValueEditor::setResource(RCShdPtr<UiResource> const& resource) {
     } else if (name == "LabelFont") {
         auto const* font = dynamic_cast<UiResFont const*>(&r);
         if (!font) {
-            reportBadResource(r, "a Font" + got);
+            reportBadResource(r, "a Font" + got());
             return;
         }
-        setFont(font->getFontHandle());
+        applyFont(*font);
     } else if (name == "LabelAlign") {
         UiLabelString::applyResource(_label, r);
     } else if (name == "DefaultValue") {
         auto const* value = dynamic_cast<UiResDouble const*>(&r);
         if (!value || value->getNbValues() != 1 || !std::isfinite(value->getValue(0))) {
-            reportBadResource(r, "one finite Double" + got);
+            reportBadResource(r, "one finite Double" + got());
             return;
         }
         setDefaultValue(value->getValue(0));
     } else if (name == "Indicator") {
         auto const* value = dynamic_cast<UiResInt const*>(&r);
         if (!value || value->getNbValues() != 1) {
-            reportBadResource(r, "one Int" + got);
+            reportBadResource(r, "one Int" + got());
             return;
         }
         int const v = value->getValue(0);
@@ -548,10 +548,14 @@ RCShdPtr<UiLabelHandler const> const& UiValueEditor::getLabelHandler() const {
 }
 
 void UiValueEditor::setFont(LiString const& fontName) {
-    UiLabelString::applyResource(_label, UiResFont("LabelFont", fontName.c_str()));
-    _imp->fontName = fontName;
+    applyFont(UiResFont("LabelFont", fontName.c_str()));
+}
+
+void UiValueEditor::applyFont(UiResFont const& font) {
+    UiLabelString::applyResource(_label, font);
+    _imp->fontName = font.getFontHandle();
     if (_imp->editField)
-        _imp->editField->setFont(fontName);
+        _imp->editField->setFont(_imp->fontName);
     markForUpdate();
 }
 
@@ -609,6 +613,9 @@ CoRgbColor UiValueEditor::getColor(LiString const& name) const {
 
 void UiValueEditor::stateChanged() {
     _currentBackground = isArmed() ? _imp->onColor : _background;
+    // While the resources are applied, postInit lays the editor out once for all of them.
+    if (getInitPhase() == 3)
+        return;
     adjustCoords();
     markForUpdate();
 }

@@ -14,6 +14,7 @@
 namespace Zr {
 
 class UiMotionHandler;
+class UiResFont;
 class UiValueEditorImp;
 
 class UiValueEditor : public UiRange {
@@ -129,6 +130,8 @@ protected:
 
 private:
     friend class UiValueEditorImp;
+    // setFont's work with the font already read: a resource's font is applied as it stands.
+    void applyFont(UiResFont const& font);
     void onArm(EvEvent& event);
     void onDisarm(EvEvent& event);
     void onMmove(EvEvent& event);

@@ -16,7 +16,14 @@
 #include "uiResText.h"
 #include "uiWidgetImp.h"
 
+#include "wsFontRegistry.h"
+
+#include <cstdint>
 #include <filesystem>
+#include <memory>
+#include <typeindex>
+#include <typeinfo>
+#include <unordered_map>
 
 namespace Zr {
 
@@ -33,6 +40,28 @@ RCShdPtr<UiResource> registryColor(LiString const& resourceName, LiString const&
 // The table's name without directory or extension: what tooltip ids are built from.
 std::string baseName(std::string const& tableName) {
     return std::filesystem::path(tableName).stem().string();
+}
+
+// The defaults of one widget class, made once and shared by all its widgets (resources are
+// reference counted and never changed by the widgets that apply them). They hold registry colours
+// and the default font, so they are made again when either has changed since.
+struct ClassDefaults {
+    // Replaced, never changed, when made again: a widget applying it keeps its own reference.
+    std::shared_ptr<UiResSet const> set;
+    std::uint64_t colorGeneration = 0;
+    LiString fontHandle;
+};
+
+std::unordered_map<std::type_index, ClassDefaults>& classDefaults() {
+    static std::unordered_map<std::type_index, ClassDefaults> defaults;
+    return defaults;
+}
+
+bool isCurrent(ClassDefaults const& defaults) {
+    if (!defaults.set || defaults.colorGeneration != UiColorRegistry::getInstance().getGeneration())
+        return false;
+    // The font resources keep the handle, which widgets resolve when they apply it.
+    return defaults.fontHandle == WsFontRegistry::getInstance().getDefaultFontHandle();
 }
 
 } // namespace
@@ -57,15 +86,29 @@ void UiWidget::setDefaultResources(UiResSet& set) {
 }
 
 void UiWidget::resInit(UiResTable const* table) {
-    UiResSet set;
-    setDefaultResources(set);
-    _imp->_initPhase = 3;
-    if (table) {
-        if (UiResSet const* stored = table->getResSet(_name))
-            set.mergeReplace(*stored);
+    // The class's defaults, keyed by the dynamic type: setDefaultResources depends on nothing
+    // else (during a constructor both name the class being built).
+    ClassDefaults& defaults = classDefaults()[std::type_index(typeid(*this))];
+    if (!isCurrent(defaults)) {
+        auto made = std::make_shared<UiResSet>();
+        setDefaultResources(*made);
+        defaults.set = std::move(made);
+        defaults.colorGeneration = UiColorRegistry::getInstance().getGeneration();
+        defaults.fontHandle = WsFontRegistry::getInstance().getDefaultFontHandle();
     }
-    for (RCShdPtr<UiResource> const& resource : set)
-        setResource(resource);
+    _imp->_initPhase = 3;
+    UiResSet const* stored = table ? table->getResSet(_name) : nullptr;
+    if (stored && !stored->empty()) {
+        UiResSet set = *defaults.set;
+        set.mergeReplace(*stored);
+        for (RCShdPtr<UiResource> const& resource : set)
+            setResource(resource);
+    } else {
+        // Held while applied: a setResource may make widgets whose class defaults are made again.
+        std::shared_ptr<UiResSet const> const set = defaults.set;
+        for (RCShdPtr<UiResource> const& resource : *set)
+            setResource(resource);
+    }
     _imp->_initPhase = 4;
     if (table)
         _imp->rare()._resTableName = baseName(table->getResTableName());
@@ -77,30 +120,31 @@ void UiWidget::setResource(RCShdPtr<UiResource> const& resource) {
     UiResource* r = resource.get();
     LiString const& name = r->getNameRef();
 
-    if (auto* color = dynamic_cast<UiResColor*>(r)) {
+    // Colours go by type whatever their name; UiResColor has no subclasses, so the exact type
+    // answers what a dynamic_cast would, without walking the hierarchy for every resource.
+    if (auto* color = typeid(*r) == typeid(UiResColor) ? static_cast<UiResColor*>(r) : nullptr) {
         setColor(name, color->getColor());
-    } else if (auto* coord = dynamic_cast<UiResCoord*>(r); coord && name == "Rectangle") {
+    } else if (auto* coord = name == "Rectangle" ? dynamic_cast<UiResCoord*>(r) : nullptr) {
         setRect(coord->getCoord(), true);
-    } else if (auto* constraint = dynamic_cast<UiResConstraint*>(r);
-               constraint && name == "Layout") {
+    } else if (auto* constraint = name == "Layout" ? dynamic_cast<UiResConstraint*>(r) : nullptr) {
         setConstraint(constraint->getConstraint());
-    } else if (auto* text = dynamic_cast<UiResText*>(r); text && name == "KeyboardFocusStatus") {
+    } else if (auto* text = name == "KeyboardFocusStatus" ? dynamic_cast<UiResText*>(r) : nullptr) {
         if (text->getNbStrings() > 0)
             setKeyboardFocusable(text->getString(0));
-    } else if (auto* opacity = dynamic_cast<UiResInt*>(r); opacity && name == "Opacity") {
+    } else if (auto* opacity = name == "Opacity" ? dynamic_cast<UiResInt*>(r) : nullptr) {
         if (opacity->getNbValues() == 1)
             setOpacity(static_cast<float>(opacity->getValue(0) / 100.0));
-    } else if (auto* id = dynamic_cast<UiResText*>(r); id && name == "TooltipId") {
+    } else if (auto* id = name == "TooltipId" ? dynamic_cast<UiResText*>(r) : nullptr) {
         if (id->getNbStrings() > 0)
             setTooltipId(id->getString(0));
-    } else if (auto* tip = dynamic_cast<UiResText*>(r); tip && name == "DefaultTooltip") {
+    } else if (auto* tip = name == "DefaultTooltip" ? dynamic_cast<UiResText*>(r) : nullptr) {
         if (tip->getNbStrings() > 0)
             setDefaultTooltip(tip->getString(0));
     } else if (auto* frame = dynamic_cast<UiResFrame*>(r)) {
         UiFrameRegistry& frames = UiFrameRegistry::getInstance();
         if (frames.isRegisteredType(frame->getFrameTypeName()))
             setFrame(frames.create(frame->getFrameTypeName()), name);
-    } else if (auto* state = dynamic_cast<UiResInt*>(r); state && name == TooltipState) {
+    } else if (auto* state = name == TooltipState ? dynamic_cast<UiResInt*>(r) : nullptr) {
         if (state->getNbValues() > 0)
             _imp->_tooltipEnabled = state->getValue(0) != 0;
     }
