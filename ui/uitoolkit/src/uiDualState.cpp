@@ -47,6 +47,8 @@ public:
 namespace {
 // The pointer button that asks for a context menu rather than a press.
 constexpr unsigned ContextButton = 4;
+// The resource name as a LiString: comparing it checks the stored hashes first.
+LiString const StateName("State");
 } // namespace
 
 RCShdPtr<UiDualState> UiDualState::create(UiContainer* parent, LiString const& name,
@@ -176,7 +178,7 @@ void UiDualState::setDefaultResources(UiResSet& set) {
 void UiDualState::setResource(RCShdPtr<UiResource> const& resource) {
     if (!resource)
         return;
-    if (resource->getNameRef() == "State") {
+    if (resource->getNameRef() == StateName) {
         auto const* value = dynamic_cast<UiResInt const*>(resource.get());
         if (value && value->getNbValues() == 1)
             setState(value->getValue(0) != 0, true);

@@ -10,6 +10,11 @@
 
 namespace Zr {
 
+namespace {
+// The resource name as a LiString: comparing it checks the stored hashes first.
+LiString const OnColorName("OnColor");
+} // namespace
+
 RCShdPtr<UiLabel> UiLabel::create(UiContainer* parent, LiString const& name,
                                   UiResTable const* table) {
     RCShdPtr<UiLabel> widget(new UiLabel(parent, name));
@@ -38,7 +43,7 @@ void UiLabel::setDefaultResources(UiResSet& set) {
 }
 
 void UiLabel::setColor(LiString const& name, CoRgbColor const& color) {
-    if (name == "OnColor")
+    if (name == OnColorName)
         _colors.on = color;
     else
         UiWidget::setColor(name, color);
@@ -46,7 +51,7 @@ void UiLabel::setColor(LiString const& name, CoRgbColor const& color) {
 }
 
 CoRgbColor UiLabel::getColor(LiString const& name) const {
-    if (name == "OnColor")
+    if (name == OnColorName)
         return _colors.on;
     return UiWidget::getColor(name);
 }

@@ -45,8 +45,19 @@ namespace Zr {
 
 namespace {
 
+// Resource names as LiStrings: comparing them checks the stored hashes first.
+LiString const LabelStringName("LabelString");
+LiString const FormatStringName("FormatString");
+LiString const LimitsName("Limits");
+LiString const LabelFontName("LabelFont");
+LiString const LabelAlignName("LabelAlign");
+LiString const DefaultValueName("DefaultValue");
+LiString const IndicatorName("Indicator");
+LiString const OnColorName("OnColor");
+LiString const OutColorName("OutColor");
 // What the text field refuses: every letter but the 'e' of an exponent, and the symbols that
 // cannot be part of a number.
+
 char const* const RefusedCharacters =
     "!@#$%^&*()+=`';?><{}[]|~/abcdfghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
 // The same, with the minus sign refused where it cannot stand.
@@ -389,9 +400,9 @@ void UiValueEditor::setResource(RCShdPtr<UiResource> const& resource) {
     UiResource const& r = *resource;
     LiString const& name = r.getNameRef();
     auto const got = [&r] { return ", got " + std::string(r.getType()); };
-    if (name == "LabelString" || name == "FormatString") {
+    if (name == LabelStringName || name == FormatStringName) {
         auto const* text = dynamic_cast<UiResText const*>(&r);
-        bool const label = name == "LabelString";
+        bool const label = name == LabelStringName;
         char const* const wanted = label ? "one text with one %s"
                                          : "one text with one number "
                                            "conversion (%f, %e, %g)";
@@ -406,8 +417,10 @@ void UiValueEditor::setResource(RCShdPtr<UiResource> const& resource) {
             _stringFormat = text->getString(0);
         else
             _format = text->getString(0);
-        updateValue();
-    } else if (name == "Limits") {
+        // While the resources are applied, postInit shows the value once in the final formats.
+        if (getInitPhase() != 3)
+            updateValue();
+    } else if (name == LimitsName) {
         auto const* limits = dynamic_cast<UiResMinMax const*>(&r);
         if (!limits || std::isnan(limits->getMin()) || std::isnan(limits->getMax()) ||
             !std::isfinite(limits->getStep())) {
@@ -416,23 +429,23 @@ void UiValueEditor::setResource(RCShdPtr<UiResource> const& resource) {
         }
         setRange(limits->getMin(), limits->getMax(), false);
         _imp->increment = limits->getStep();
-    } else if (name == "LabelFont") {
+    } else if (name == LabelFontName) {
         auto const* font = dynamic_cast<UiResFont const*>(&r);
         if (!font) {
             reportBadResource(r, "a Font" + got());
             return;
         }
         applyFont(*font);
-    } else if (name == "LabelAlign") {
+    } else if (name == LabelAlignName) {
         UiLabelString::applyResource(_label, r);
-    } else if (name == "DefaultValue") {
+    } else if (name == DefaultValueName) {
         auto const* value = dynamic_cast<UiResDouble const*>(&r);
         if (!value || value->getNbValues() != 1 || !std::isfinite(value->getValue(0))) {
             reportBadResource(r, "one finite Double" + got());
             return;
         }
         setDefaultValue(value->getValue(0));
-    } else if (name == "Indicator") {
+    } else if (name == IndicatorName) {
         auto const* value = dynamic_cast<UiResInt const*>(&r);
         if (!value || value->getNbValues() != 1) {
             reportBadResource(r, "one Int" + got());
@@ -594,9 +607,9 @@ void UiValueEditor::updateScrollLine(double displayValue) {
 }
 
 void UiValueEditor::setColor(LiString const& name, CoRgbColor const& color) {
-    if (name == "OnColor")
+    if (name == OnColorName)
         _imp->onColor = color;
-    else if (name == "OutColor")
+    else if (name == OutColorName)
         _imp->outColor = color;
     else
         UiWidget::setColor(name, color);
@@ -604,9 +617,9 @@ void UiValueEditor::setColor(LiString const& name, CoRgbColor const& color) {
 }
 
 CoRgbColor UiValueEditor::getColor(LiString const& name) const {
-    if (name == "OnColor")
+    if (name == OnColorName)
         return _imp->onColor;
-    if (name == "OutColor")
+    if (name == OutColorName)
         return _imp->outColor;
     return UiWidget::getColor(name);
 }

@@ -29,6 +29,14 @@ namespace Zr {
 
 namespace {
 
+// Resource names as LiStrings: comparing them checks the stored hashes first.
+LiString const RectangleName("Rectangle");
+LiString const LayoutName("Layout");
+LiString const KeyboardFocusStatusName("KeyboardFocusStatus");
+LiString const OpacityName("Opacity");
+LiString const TooltipIdName("TooltipId");
+LiString const DefaultTooltipName("DefaultTooltip");
+
 char const* const DefaultFrameType = "None";
 char const* const FocusFrameType = "BorderDecorator";
 
@@ -124,20 +132,22 @@ void UiWidget::setResource(RCShdPtr<UiResource> const& resource) {
     // answers what a dynamic_cast would, without walking the hierarchy for every resource.
     if (auto* color = typeid(*r) == typeid(UiResColor) ? static_cast<UiResColor*>(r) : nullptr) {
         setColor(name, color->getColor());
-    } else if (auto* coord = name == "Rectangle" ? dynamic_cast<UiResCoord*>(r) : nullptr) {
+    } else if (auto* coord = name == RectangleName ? dynamic_cast<UiResCoord*>(r) : nullptr) {
         setRect(coord->getCoord(), true);
-    } else if (auto* constraint = name == "Layout" ? dynamic_cast<UiResConstraint*>(r) : nullptr) {
+    } else if (auto* constraint =
+                   name == LayoutName ? dynamic_cast<UiResConstraint*>(r) : nullptr) {
         setConstraint(constraint->getConstraint());
-    } else if (auto* text = name == "KeyboardFocusStatus" ? dynamic_cast<UiResText*>(r) : nullptr) {
+    } else if (auto* text =
+                   name == KeyboardFocusStatusName ? dynamic_cast<UiResText*>(r) : nullptr) {
         if (text->getNbStrings() > 0)
             setKeyboardFocusable(text->getString(0));
-    } else if (auto* opacity = name == "Opacity" ? dynamic_cast<UiResInt*>(r) : nullptr) {
+    } else if (auto* opacity = name == OpacityName ? dynamic_cast<UiResInt*>(r) : nullptr) {
         if (opacity->getNbValues() == 1)
             setOpacity(static_cast<float>(opacity->getValue(0) / 100.0));
-    } else if (auto* id = name == "TooltipId" ? dynamic_cast<UiResText*>(r) : nullptr) {
+    } else if (auto* id = name == TooltipIdName ? dynamic_cast<UiResText*>(r) : nullptr) {
         if (id->getNbStrings() > 0)
             setTooltipId(id->getString(0));
-    } else if (auto* tip = name == "DefaultTooltip" ? dynamic_cast<UiResText*>(r) : nullptr) {
+    } else if (auto* tip = name == DefaultTooltipName ? dynamic_cast<UiResText*>(r) : nullptr) {
         if (tip->getNbStrings() > 0)
             setDefaultTooltip(tip->getString(0));
     } else if (auto* frame = dynamic_cast<UiResFrame*>(r)) {
