@@ -5,6 +5,7 @@
 
 #include "inputDataBase.h"
 #include "uiDualState.h"
+#include "uiPopupMenuHandler.h"
 
 namespace Zr {
 
@@ -22,12 +23,17 @@ protected:
 
 private:
     void onState(EvEvent&);
-    // The input's context menu opens here once popup menus exist; until then a right click
-    // changes nothing.
-    void onContextMenu(RCShdPtr<UiCalculatable> const&) {}
+    // A right click opens the input's context menu: the press arms the widget with the
+    // context button, which the widget itself ignores.
+    void onArm(EvEvent& event);
+    void onContextMenu(RCShdPtr<UiCalculatable> const& calculatable) {
+        _popupHandler->popupContextMenuCb(calculatable);
+    }
 
     UiDualState* _dualState;
+    RCShdPtr<UiPopupMenuHandler<bool>> _popupHandler;
     CbMethod<InputDualStateData, EvEvent> _stateHandler{this, &InputDualStateData::onState};
+    CbMethod<InputDualStateData, EvEvent> _armHandler{this, &InputDualStateData::onArm};
     CbMethod<InputDualStateData, RCShdPtr<UiCalculatable> const> _contextHandler{
         this, &InputDualStateData::onContextMenu};
 };

@@ -22,6 +22,7 @@ InputValEdData<T>::InputValEdData(UiValueEditor* editor, RCShdPtr<PiInput> const
     _editor->addValueChangedCb(&_valueHandler);
     _editor->setResetValueCb(&_resetHandler);
     _editor->addDisarmCb(&_disarmHandler);
+    _popupHandler = new UiPopupMenuHandler<T>(editor, inputRW, input, timePath);
     _editor->addContextMenuCb(&_contextHandler);
     this->refresh();
 }

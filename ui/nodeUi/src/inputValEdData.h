@@ -4,6 +4,7 @@
 #pragma once
 
 #include "inputDataBase.h"
+#include "uiPopupMenuHandler.h"
 #include "uiValueEditor.h"
 
 namespace Zr {
@@ -32,12 +33,14 @@ private:
     void onValueChanged(EvEvent&);
     void onReset();
     void onDisarm(EvEvent& event);
-    // The input's context menu opens here once popup menus exist; until then a right click
-    // changes nothing.
-    void onContextMenu(RCShdPtr<UiCalculatable> const&) {}
+    // A right click opens the input's context menu.
+    void onContextMenu(RCShdPtr<UiCalculatable> const& calculatable) {
+        _popupHandler->popupContextMenuCb(calculatable);
+    }
 
     UiValueEditor* _editor;
     RCShdPtr<UiInputCalculatable> _calculatable;
+    RCShdPtr<UiPopupMenuHandler<T>> _popupHandler;
     CbMethod<InputValEdData, EvEvent> _preEditHandler{this, &InputValEdData::onPreEdit};
     CbMethod<InputValEdData, EvEvent> _postEditHandler{this, &InputValEdData::onPostEdit};
     CbMethod<InputValEdData, EvEvent> _valueHandler{this, &InputValEdData::onValueChanged};

@@ -1,0 +1,51 @@
+// UiPopupMenuHandler<T>: the context menu of an input widget. A right click on a bound value
+// editor or two-state widget asks the application's action registry for the actions that apply
+// to the input, lists them in a popup menu, grouped, and performs the chosen one on the input.
+#pragma once
+
+#include "actRegistry.h"
+#include "piInput.h"
+#include "piTimePath.h"
+#include "uiCalculatable.h"
+#include "uiPopupMenu.h"
+
+namespace Zr {
+
+template <class T>
+class UiPopupMenuHandler : public RCObject {
+public:
+    // The widget owns the binding that owns this handler. With a null `inputRW` the menu lists
+    // only the actions that read the input.
+    UiPopupMenuHandler(UiWidget* widget, RCShdPtr<PiInput> const& inputRW,
+                       RCShdPtr<PiInput const> const& input,
+                       RCShdPtr<PiTimePath const> const& timePath,
+                       ActRegistry& registry = ActRegistry::getInstance());
+    ~UiPopupMenuHandler() override;
+
+    // Builds the menu from the registry and opens it under the widget; nothing opens when no
+    // action applies.
+    void popupContextMenuCb(RCShdPtr<UiCalculatable> const& calculatable);
+
+    // Null until the menu first opened.
+    RCShdPtr<UiPopupMenu> const& getMenu() const { return _menu; }
+
+private:
+    void onRowSelected(EvEvent& event);
+
+    UiWidget* _widget;
+    RCShdPtr<PiInput> _inputRW;
+    RCShdPtr<PiInput const> _input;
+    RCShdPtr<PiTimePath const> _timePath;
+    ActRegistry& _registry;
+    RCShdPtr<UiPopupMenu> _menu;
+    RCShdPtr<UiCalculatable> _calculatable;
+    RCShdPtr<SnSelection> _selection;
+    ConstIterator<ActRegistry::Entry> _entries;
+    CbMethod<UiPopupMenuHandler, EvEvent> _selectHandler{this, &UiPopupMenuHandler::onRowSelected};
+};
+
+extern template class UiPopupMenuHandler<bool>;
+extern template class UiPopupMenuHandler<int>;
+extern template class UiPopupMenuHandler<double>;
+
+} // namespace Zr
