@@ -21,9 +21,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <typeindex>
 #include <typeinfo>
-#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace Zr {
 
@@ -60,9 +60,16 @@ struct ClassDefaults {
     LiString fontHandle;
 };
 
-std::unordered_map<std::type_index, ClassDefaults>& classDefaults() {
-    static std::unordered_map<std::type_index, ClassDefaults> defaults;
-    return defaults;
+// The defaults of the class whose type information is `type`. A few dozen classes make widgets,
+// so a linear search on the type information's address beats hashing its name; a class seen
+// through two copies of its type information would only get two entries.
+ClassDefaults& classDefaults(std::type_info const& type) {
+    static std::vector<std::pair<std::type_info const*, std::unique_ptr<ClassDefaults>>> defaults;
+    for (auto const& entry : defaults)
+        if (entry.first == &type)
+            return *entry.second;
+    defaults.emplace_back(&type, std::make_unique<ClassDefaults>());
+    return *defaults.back().second;
 }
 
 bool isCurrent(ClassDefaults const& defaults) {
@@ -96,7 +103,7 @@ void UiWidget::setDefaultResources(UiResSet& set) {
 void UiWidget::resInit(UiResTable const* table) {
     // The class's defaults, keyed by the dynamic type: setDefaultResources depends on nothing
     // else (during a constructor both name the class being built).
-    ClassDefaults& defaults = classDefaults()[std::type_index(typeid(*this))];
+    ClassDefaults& defaults = classDefaults(typeid(*this));
     if (!isCurrent(defaults)) {
         auto made = std::make_shared<UiResSet>();
         setDefaultResources(*made);
