@@ -6,7 +6,9 @@
 #include "ui/uitoolkit/uiTestSupport.h"
 
 #include "actTypedAction.h"
+#include "drClipboard.h"
 #include "inputDualStateData.h"
+#include "piKeyframingUtil.h"
 #include "uiInputValueEditor.h"
 #include "uiPopupMenu.h"
 #include "uiRowSeparator.h"
@@ -14,6 +16,7 @@
 #include "uiTopLevel.h"
 
 #include <functional>
+#include <sstream>
 #include <stdexcept>
 
 namespace Zr {
@@ -40,20 +43,26 @@ struct LoggedAction : ActTypedAction<RCShdPtr<PiInput>, TimePathPtr> {
 };
 
 class ContextMenu : public LoopTest::LoopFixture {
+public:
+    void registerAction(OPtr<ActAction> action) {
+        registered.push_back(action->getCompositeName());
+        ActRegistry::getInstance().registerAction(std::move(action), ActRegistry::Dynamic);
+    }
+
 protected:
     void SetUp() override {
         LoopFixture::SetUp();
-        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({0, 400, 0, 300});
+        WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({0, 400, 0, 700});
         style.setMainWindow(false);
         top = UiTopLevel::create("panel", nullptr, style);
         top->show();
         id = top->getOSWindow()->getId();
         root = top->getRootContainer().get();
         editor = UiValueEditor::create(root, "radius");
-        editor->setRect({14, 84, 200, 221}, false);
+        editor->setRect({14, 84, 600, 621}, false);
         UiInputValueEditor::setInput(*editor, g.input("radius"), g.timePath, true);
         toggle = UiToggleButton::create(root, "flag");
-        toggle->setRect({100, 160, 200, 221}, false);
+        toggle->setRect({100, 160, 600, 621}, false);
         toggle->addClientData(RCShdPtr<RCObject>(new InputDualStateData(
             toggle.get(), g.input("flag"), g.input("flag"), g.timePath, true)));
     }
@@ -67,10 +76,6 @@ protected:
         root->removeChildren();
         top = nullptr;
         LoopFixture::TearDown();
-    }
-    void registerAction(OPtr<ActAction> action) {
-        registered.push_back(action->getCompositeName());
-        ActRegistry::getInstance().registerAction(std::move(action), ActRegistry::Dynamic);
     }
     // Right-clicks the widget; returns the rows of the menu that opened, "-" for a separator,
     // or nothing when no menu opened.
@@ -116,54 +121,172 @@ protected:
     Rows registered;
 };
 
-// Rows come in group order whatever the order of registration, with a separator between groups
-// only past two rows; "Disconnect" never shows; no action, no menu. A chosen row acts on the
-// widget's input, and an action that throws is reported and the menu opens and works again.
-TEST_F(ContextMenu, RowsFollowTheRegistryAndChoicesActOnTheInput) {
+// The input's states the tests start from: plain, animated with keys at 0 and 1 (the time is 0),
+// driven by an expression.
+enum class Start { Plain, Animated, Expression };
+
+// Actions of other packages: one that throws, and one whose description keeps it off this menu.
+struct ForeignActions {
+    explicit ForeignActions(ContextMenu& test) {
+        test.registerAction(std::make_unique<LoggedAction>("Fail", "zFail", &log));
+        test.registerAction(std::make_unique<LoggedAction>("Disconnect", "bConnect", &log));
+    }
     Rows log;
-    UiTest::Reports reports;
-    EXPECT_EQ(rightClick(*editor), Rows{});
+};
+
+class ContextMenuOn : public ContextMenu {
+protected:
+    void start(Start state) {
+        DrClipboard::getInstance().clear();
+        RCShdPtr<PiInput> radius = g.input("radius");
+        if (state == Start::Animated) {
+            radius->setKey(0, 5);
+            radius->setKey(1, 7);
+        }
+        if (state == Start::Expression)
+            radius->setExpression("3");
+        g.stack()->clear();
+    }
+};
+
+Rows const moveKeys{"First Keyframe", "Previous Keyframe", "Next Keyframe", "Last Keyframe"};
+
+Rows join(std::initializer_list<Rows> parts) {
+    Rows all;
+    for (Rows const& part : parts) {
+        if (!all.empty())
+            all.push_back("-");
+        all.insert(all.end(), part.begin(), part.end());
+    }
+    return all;
+}
+
+// Rows in group order whatever the order of registration, a separator between groups, and
+// "Disconnect" never shown, for each state of the input; the toggle has no calculator row.
+TEST_F(ContextMenuOn, RowsFollowTheInputsState) {
+    ForeignActions foreign(*this);
     struct Case {
-        std::vector<std::pair<char const*, char const*>> add; // text, group
+        Start state;
+        UiWidget* widget;
         Rows rows;
-        char const* choice;
-        Rows log;
-        Rows reports;
     };
+    Rows const tail{"Copy Path"};
     Case const cases[] = {
-        {{{"Reset", "r"}, {"Copy Path", "f"}},
-         {"Copy Path", "Reset"},
-         "Reset",
-         {"Reset radius"},
-         {}},
-        {{{"Disconnect", "b"}, {"Fail", "f"}},
-         {"Copy Path", "Fail", "-", "Reset"},
-         "Fail",
-         {},
-         {"UITOOLKIT_MENU_ACTION_FAILED"}},
-        {{{"Set Keyframe", "a"}},
-         {"Set Keyframe", "-", "Copy Path", "Fail", "-", "Reset"},
-         "Copy Path",
-         {"Copy Path radius"},
-         {}},
+        {Start::Plain, editor.get(),
+         join({{"Set Expression"},
+               {"Set Keyframe"},
+               moveKeys,
+               {"Mark", "Mark Tool"},
+               {"Create Animation"},
+               tail,
+               {"Reset"},
+               {"Fail"}})},
+        {Start::Animated, editor.get(),
+         join({{"Set Expression"},
+               {"Set Keyframe", "Delete Keyframe", "Cut Keyframe ", "Copy Keyframe "},
+               moveKeys,
+               {"Mark", "Mark Tool"},
+               {"Remove Animation", "Cut Animation", "Copy Animation"},
+               tail,
+               {"Reset"},
+               {"Fail"}})},
+        {Start::Expression, editor.get(),
+         join({{"Edit Expression", "Remove Expression", "Copy Expression", "Cut Expression",
+                "Convert Expression"},
+               moveKeys,
+               {"Create Animation"},
+               tail,
+               {"Reset"},
+               {"Fail"}})},
+        {Start::Plain, toggle.get(),
+         join({{"Set Keyframe"},
+               moveKeys,
+               {"Mark", "Mark Tool"},
+               {"Create Animation"},
+               tail,
+               {"Reset"},
+               {"Fail"}})},
     };
     for (Case const& c : cases) {
-        SCOPED_TRACE(c.choice);
-        for (auto [text, group] : c.add)
-            registerAction(std::make_unique<LoggedAction>(text, group, &log));
-        log.clear();
-        std::size_t const before = reports.ids().size();
-        EXPECT_EQ(rightClick(*editor), c.rows);
-        choose(c.choice);
-        EXPECT_EQ(log, c.log);
-        EXPECT_EQ(Rows(reports.ids().begin() + long(before), reports.ids().end()), c.reports);
-        EXPECT_FALSE(openMenu());
+        SCOPED_TRACE(&c - cases);
+        start(c.state);
+        EXPECT_EQ(rightClick(*c.widget), c.rows);
+        openMenu()->close();
+        g.input("radius")->reset();
     }
-    // The toggle's menu lists the same actions for its own input.
-    log.clear();
-    EXPECT_EQ(rightClick(*toggle), cases[2].rows);
-    choose("Reset");
-    EXPECT_EQ(log, Rows{"Reset flag"});
+}
+
+// Each choice changes the input as its row says and leaves one undo entry of its label (marks
+// and moves in time none); undo brings the input back. A failing action is reported, changes
+// nothing, and the menu opens and works again.
+TEST_F(ContextMenuOn, ChoicesActOnTheInputAsOneUndoEntry) {
+    ForeignActions foreign(*this);
+    UiTest::Reports reports;
+    RCShdPtr<PiInput> radius = g.input("radius");
+    auto const describe = [&] {
+        std::ostringstream out;
+        out << radius->evaluate(0) << (radius->hasAnimation() ? " anim" : "")
+            << (radius->hasKeyAt(0) ? " key0" : "") << (radius->hasExpression() ? " expr" : "")
+            << (radius->isMarked() ? " marked" : "") << " t" << g.graph->getTimeClient()->getTime();
+        return out.str();
+    };
+    struct Case {
+        Start state;
+        Rows choices;
+        std::string after;
+        Rows undo; // the labels of the entries made, oldest first
+    };
+    Case const cases[] = {
+        {Start::Plain, {"Set Keyframe"}, "2 anim key0 t0", {"Set Keyframe"}},
+        {Start::Animated, {"Delete Keyframe"}, "7 anim t0", {"Delete Keyframe"}},
+        {Start::Animated,
+         {"Cut Keyframe ", "Next Keyframe", "Paste Keyframe"},
+         "5 anim t1",
+         {"Cut Keyframe ", "Paste Keyframe"}},
+        {Start::Animated, {"Remove Animation"}, "5 t0", {"Remove Expression"}},
+        {Start::Animated, {"Cut Animation"}, "2 t0", {"Cut Animation"}},
+        {Start::Plain, {"Create Animation"}, "2 anim key0 t0", {"Create Animation"}},
+        {Start::Animated, {"Reset"}, "2 t0", {"Reset Radius"}},
+        {Start::Animated,
+         {"Next Keyframe", "Last Keyframe", "First Keyframe"},
+         "5 anim key0 t0",
+         {}},
+        {Start::Plain, {"Mark"}, "2 marked t0", {}},
+        {Start::Expression, {"Remove Expression"}, "3 t0", {"Remove Expression"}},
+        {Start::Expression,
+         {"Cut Expression", "Paste Expression"},
+         "3 expr t0",
+         {"Cut Expression", "Paste Expression"}},
+        {Start::Expression, {"Convert Expression"}, "3 anim key0 t0", {"Convert Expression"}},
+        {Start::Plain, {"Fail", "Set Keyframe"}, "2 anim key0 t0", {"Set Keyframe"}},
+    };
+    for (Case const& c : cases) {
+        SCOPED_TRACE(&c - cases);
+        start(c.state);
+        g.setTime(0);
+        std::string const before = describe();
+        std::size_t const reported = reports.ids().size();
+        for (std::string const& choice : c.choices) {
+            rightClick(*editor);
+            choose(choice);
+            EXPECT_FALSE(openMenu());
+        }
+        EXPECT_EQ(describe(), c.after);
+        Rows undo;
+        while (g.stack()->getNbUndo() > 0) {
+            undo.insert(undo.begin(), g.stack()->getUndoLabel());
+            g.stack()->undo();
+        }
+        EXPECT_EQ(undo, c.undo);
+        g.setTime(0);
+        if (!c.undo.empty()) {
+            EXPECT_EQ(describe(), before);
+        }
+        EXPECT_EQ(Rows(reports.ids().begin() + long(reported), reports.ids().end()),
+                  c.choices[0] == "Fail" ? Rows{"UITOOLKIT_MENU_ACTION_FAILED"} : Rows{});
+        g.graph->getKeyframingUtil()->unmarkAll();
+        radius->reset();
+    }
 }
 
 } // namespace

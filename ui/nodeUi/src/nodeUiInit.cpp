@@ -4,6 +4,7 @@
 #include "nodeUiInit.h"
 
 #include "msgFileGuard.h"
+#include "nodeUiAction.h"
 #include "uiInputDualState.h"
 #include "uiInputTextField.h"
 #include "uiInputValueEditor.h"
@@ -46,7 +47,8 @@ constexpr std::array<NodeUiStep, 20> steps{{
     {"InputTextField", &UiInputTextField::initialize, &UiInputTextField::finalize},
     {"StoredTextField", nullptr, nullptr},
     {"ShowVectorsUi", nullptr, nullptr},
-    {"context menu actions", nullptr, nullptr},
+    {"context menu actions", &NodeUiActionUtil::registerActions,
+     &NodeUiActionUtil::unregisterActions},
     {"UiBuilder", nullptr, nullptr},
 }};
 

@@ -17,12 +17,10 @@ UiPopupMenuHandler<T>::UiPopupMenuHandler(UiWidget* widget, RCShdPtr<PiInput> co
 
 template <class T>
 UiPopupMenuHandler<T>::~UiPopupMenuHandler() {
-    // The menu lives in the widget's parent; it goes with the binding that made it.
-    if (!_menu)
-        return;
-    _menu->close();
-    if (UiContainer* parent = _menu->getParent())
-        parent->removeChild(RCShdPtr<UiWidget>(_menu));
+    // The menu stays with the widget's parent, closed (an open menu would keep the widget and so
+    // this handler alive); its rows no longer reach this handler.
+    if (_link)
+        _link->select.set(nullptr);
 }
 
 template <class T>
@@ -31,11 +29,18 @@ void UiPopupMenuHandler<T>::popupContextMenuCb(RCShdPtr<UiCalculatable> const& c
     UiContainer* parent = _widget->getParent();
     if (!parent || _input.isNull())
         return;
-    if (!_menu) {
-        _menu = UiPopupMenu::create(parent, LiString(_widget->getName().str() + "ContextMenu"));
+    if (!getMenu()) {
+        RCShdPtr<UiPopupMenu> const menu =
+            UiPopupMenu::create(parent, LiString(_widget->getName().str() + "ContextMenu"));
+        _link = new Link;
+        _link->menu = menu.get();
+        _link->select.set([this](EvEvent& event) { onRowSelected(event); });
+        menu->addDestroyCb(&_link->destroyed);
+        menu->addClientData(RCShdPtr<RCObject>(_link));
     }
-    _menu->removeOptions(0);
-    _menu->setMinimumWidth(_widget->getRect().width());
+    UiPopupMenu* const menu = _link->menu;
+    menu->removeOptions(0);
+    menu->setMinimumWidth(_widget->getRect().width());
 
     // The input with a copy of the time path's group path, the time path, and the calculatable
     // of a value editor: what the actions convert their target and time path from.
@@ -63,15 +68,15 @@ void UiPopupMenuHandler<T>::popupContextMenuCb(RCShdPtr<UiCalculatable> const& c
         if (it->getDescription() == "Disconnect")
             continue;
         if (count > 2 && !first && it->getGroup() != previousGroup)
-            _menu->appendSeparator();
-        _menu->appendText(LiString(it->getDescription()), &_selectHandler, 0, true);
+            menu->appendSeparator();
+        menu->appendText(LiString(it->getDescription()), &_link->select, 0, true);
         previousGroup = it->getGroup();
         first = false;
     }
-    if (_menu->getNbOptions() == 0)
+    if (menu->getNbOptions() == 0)
         return;
     GeRectangle<int> const rect = _widget->getScreenRect();
-    _menu->launch({rect.getXMin(), rect.getYMin()});
+    menu->launch({rect.getXMin(), rect.getYMin()});
 }
 
 template <class T>

@@ -9,6 +9,8 @@
 #include "uiCalculatable.h"
 #include "uiPopupMenu.h"
 
+#include "cbDispatcher.h"
+
 namespace Zr {
 
 template <class T>
@@ -26,10 +28,20 @@ public:
     // action applies.
     void popupContextMenuCb(RCShdPtr<UiCalculatable> const& calculatable);
 
-    // Null until the menu first opened.
-    RCShdPtr<UiPopupMenu> const& getMenu() const { return _menu; }
+    // Null until the menu first opened, and after its parent dropped it.
+    UiPopupMenu* getMenu() const { return _link ? _link->menu : nullptr; }
 
 private:
+    // What the menu keeps of this handler, as its client data. The menu belongs to the widget's
+    // parent; while open it keeps the widget that launched it, which owns this handler, so the
+    // handler keeps only a plain pointer to it, cleared when the menu goes, and the menu reaches
+    // the handler through `select`, emptied when the handler goes.
+    struct Link : RCObject {
+        UiPopupMenu* menu = nullptr;
+        CbFunction<EvEvent> select;
+        CbFunction<EvEvent> destroyed{[this](EvEvent&) { menu = nullptr; }};
+    };
+
     void onRowSelected(EvEvent& event);
 
     UiWidget* _widget;
@@ -37,11 +49,10 @@ private:
     RCShdPtr<PiInput const> _input;
     RCShdPtr<PiTimePath const> _timePath;
     ActRegistry& _registry;
-    RCShdPtr<UiPopupMenu> _menu;
+    RCShdPtr<Link> _link;
     RCShdPtr<UiCalculatable> _calculatable;
     RCShdPtr<SnSelection> _selection;
     ConstIterator<ActRegistry::Entry> _entries;
-    CbMethod<UiPopupMenuHandler, EvEvent> _selectHandler{this, &UiPopupMenuHandler::onRowSelected};
 };
 
 extern template class UiPopupMenuHandler<bool>;
