@@ -8,8 +8,13 @@
 #include "actTypedAction.h"
 #include "drClipboard.h"
 #include "inputDualStateData.h"
+#include "msgProtocol.h"
+#include "piExpressionServices.h"
 #include "piKeyframingUtil.h"
+#include "piSnItem.h"
 #include "uiInputValueEditor.h"
+#include "uiLabel.h"
+#include "uiLabelSink.h"
 #include "uiPopupMenu.h"
 #include "uiRowSeparator.h"
 #include "uiToggleButton.h"
@@ -287,6 +292,65 @@ TEST_F(ContextMenuOn, ChoicesActOnTheInputAsOneUndoEntry) {
         g.graph->getKeyframingUtil()->unmarkAll();
         radius->reset();
     }
+}
+
+// A label dragged onto another input's label links that input to the first by an expression: one
+// undo entry and a message, a warning when the expression doesn't evaluate (it stays set).
+// Drops that name no input, the target itself or one of its parts are refused while dragging.
+TEST_F(ContextMenuOn, LabelDropLinksInputsByExpression) {
+    Rows shown;
+    auto const previous = MsgProtocol::setDisplayHandler([&](MsgBase const& message) {
+        shown.push_back(std::string(message.getSeverityName()) + ": " + message.getText());
+    });
+    auto sinkOf = [&](char const* input) {
+        auto label = UiLabel::create(root, LiString(std::string(input) + "Label"));
+        return makeShared<UiLabelSink>(label.get(), g.input(input));
+    };
+    RCShdPtr<UiLabelSink> radius = sinkOf("radius"), count = sinkOf("count"), gain = sinkOf("gain");
+    auto carrierOf = [](std::string const& text, RCShdPtr<PiInput> const& input) {
+        RCShdPtr<SnSelection> selection = SnSelection::create();
+        selection->addItem(SnItemConvert<std::string>::createItem(text));
+        if (!input.isNull())
+            selection->addItem(PiSnItem<PiInput>::create(input));
+        return DrCarrier::create(selection);
+    };
+    std::string const token = PiExpressionServices::getTisaneToken();
+    struct Case {
+        RCShdPtr<DrCarrier> carrier;
+        UiLabelSink* target;
+        char const* input;
+        bool accepted;
+        char const* expression; // set by the drop
+        char const* message;    // shown after the drop
+    };
+    RCShdPtr<DrCarrier> dragged = DrCarrier::create(SnSelection::create());
+    radius->populateSelection(*dragged);
+    Case const cases[] = {
+        {dragged, count.get(), "count", true, "Node1.radius",
+         "Information: The input now follows the expression Node1.radius."},
+        {dragged, radius.get(), "radius", false, "", ""},
+        {carrierOf(token + "Node1.nothing", g.input("radius")), count.get(), "count", true,
+         "Node1.nothing", "Warning: Unknown input: Node1.nothing"},
+        {carrierOf("Node1.radius", g.input("radius")), count.get(), "count", false, "", ""},
+        {carrierOf(token + "Node1.radius", nullptr), count.get(), "count", false, "", ""},
+        {carrierOf(token + "Node1.gain.Red", g.input("gain.Red")), gain.get(), "gain", false, "",
+         ""},
+    };
+    for (Case const& c : cases) {
+        SCOPED_TRACE(&c - cases);
+        g.stack()->clear();
+        EXPECT_EQ(c.target->willConsumeSelection(*c.carrier), c.accepted);
+        if (!c.accepted)
+            continue;
+        shown.clear();
+        EXPECT_TRUE(c.target->consumeSelection(*c.carrier));
+        EXPECT_EQ(g.input(c.input)->getExpression(), c.expression);
+        EXPECT_EQ(g.stack()->getNbUndo(), 1);
+        EXPECT_EQ(g.stack()->getUndoLabel(), "Set Expression String");
+        EXPECT_EQ(shown, Rows{c.message});
+        g.input(c.input)->reset();
+    }
+    MsgProtocol::setDisplayHandler(previous);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "uiInputDualState.h"
 #include "uiInputTextField.h"
 #include "uiInputValueEditor.h"
+#include "uiLabelSink.h"
 #include "uiNodeWidget.h"
 #include "uiNodeWidgetFactory.h"
 #include "uiTitledContainer.h"
@@ -43,7 +44,7 @@ constexpr std::array<NodeUiStep, 20> steps{{
     {"InputTextEditor", nullptr, nullptr},
     {"StoredTextEditor", nullptr, nullptr},
     {"LinkUi", nullptr, nullptr},
-    {"UiLabelSink message handler", nullptr, nullptr},
+    {"UiLabelSink message handler", &UiLabelSink::initialize, nullptr},
     {"InputTextField", &UiInputTextField::initialize, &UiInputTextField::finalize},
     {"StoredTextField", nullptr, nullptr},
     {"ShowVectorsUi", nullptr, nullptr},
