@@ -5,6 +5,8 @@
 #include "uiContainer.h"
 #include "uiPopupMenuEvents.h"
 #include "uiRow.h"
+#include "uiWindow.h"
+#include "wsSdlWindow.h"
 
 namespace Zr {
 
@@ -75,8 +77,19 @@ void UiPopupMenuHandler<T>::popupContextMenuCb(RCShdPtr<UiCalculatable> const& c
     }
     if (menu->getNbOptions() == 0)
         return;
+    menu->launch(launchPoint());
+}
+
+template <class T>
+GePoint2<int> UiPopupMenuHandler<T>::launchPoint() const {
+    // The context callback carries no position: the window's last pointer position, when it lies
+    // on the widget, is where the click was; otherwise the menu opens under the widget.
     GeRectangle<int> const rect = _widget->getScreenRect();
-    menu->launch({rect.getXMin(), rect.getYMin()});
+    if (UiWindow const* window = _widget->getWindow())
+        if (auto const* os = dynamic_cast<WsSdlWindow const*>(window->getOSWindow().get()))
+            if (rect.contains(os->getPointerPosition()))
+                return os->getPointerPosition();
+    return {rect.getXMin(), rect.getYMin()};
 }
 
 template <class T>

@@ -24,7 +24,7 @@ public:
                        ActRegistry& registry = ActRegistry::getInstance());
     ~UiPopupMenuHandler() override;
 
-    // Builds the menu from the registry and opens it under the widget; nothing opens when no
+    // Builds the menu from the registry and opens it at the pointer; nothing opens when no
     // action applies.
     void popupContextMenuCb(RCShdPtr<UiCalculatable> const& calculatable);
 
@@ -43,6 +43,7 @@ private:
     };
 
     void onRowSelected(EvEvent& event);
+    GePoint2<int> launchPoint() const;
 
     UiWidget* _widget;
     RCShdPtr<PiInput> _inputRW;
