@@ -5,10 +5,27 @@
 #include "piGraphAnimInterface.h"
 #include "piNode.h"
 #include "piSocketUtil.h"
+#include "piStructuredInput.h"
 #include "piUndoGuard.h"
 #include "tmKeyframe.h"
 
 namespace Zr {
+
+namespace {
+
+// Removes the key at `time` from the input, or from each part of a structured input, which
+// has a key where one of its parts has.
+void removeKeyAt(InputPtr const& input, double time) {
+    auto const structured = dynamicCast<PiStructuredInput>(input);
+    if (structured.isNull()) {
+        input->removeKey(time);
+        return;
+    }
+    for (RCShdPtr<PiInput> const& part : structured->getParts())
+        part->removeKey(time);
+}
+
+} // namespace
 
 bool SetKey::test(InputPtr const& input, TimePathPtr const& timePath) {
     if (input.isNull())
@@ -43,7 +60,7 @@ bool RemoveKey::test(InputPtr const& input, TimePathPtr const& timePath) {
 
 void RemoveKey::perform(InputPtr const& input, TimePathPtr const& timePath) {
     PiUndoGuard guard(NodeUiActionUtil::commandStack(*input), getLabel());
-    input->removeKey(NodeUiActionUtil::localTime(timePath));
+    removeKeyAt(input, NodeUiActionUtil::localTime(timePath));
 }
 
 bool CopyKey::test(ConstInputPtr const& input, TimePathPtr const& timePath) {
@@ -71,7 +88,7 @@ bool CutKey::test(InputPtr const& input, TimePathPtr const& timePath) {
 void CutKey::perform(InputPtr const& input, TimePathPtr const& timePath) {
     CopyKey::copy(input, timePath, DrClipboard::Cut);
     PiUndoGuard guard(NodeUiActionUtil::commandStack(*input), getLabel());
-    input->removeKey(NodeUiActionUtil::localTime(timePath));
+    removeKeyAt(input, NodeUiActionUtil::localTime(timePath));
 }
 
 bool PasteKey::test(InputPtr const& input, TimePathPtr const&) {
