@@ -16,6 +16,7 @@
 #include "uiLabel.h"
 #include "uiLabelSink.h"
 #include "uiPopupMenu.h"
+#include "uiPopupMenuHandler.h"
 #include "uiRowSeparator.h"
 #include "uiToggleButton.h"
 #include "uiTopLevel.h"
@@ -125,6 +126,23 @@ protected:
     RCShdPtr<UiToggleButton> toggle;
     Rows registered;
 };
+
+// No entry opens no menu; two entries of different groups get no separator.
+TEST_F(ContextMenu, TwoRowsOfTwoGroupsHaveNoSeparator) {
+    ActRegistry registry;
+    UiPopupMenuHandler<double> handler(editor.get(), g.input("radius"), g.input("radius"),
+                                       g.timePath, registry);
+    handler.popupContextMenuCb(nullptr);
+    ASSERT_NE(handler.getMenu(), nullptr);
+    EXPECT_FALSE(handler.getMenu()->isOpen());
+    for (auto [text, group] : {std::pair{"Reset", "r"}, {"Copy Path", "f"}})
+        registry.registerAction(std::make_unique<LoggedAction>(text, group, nullptr),
+                                ActRegistry::Static);
+    handler.popupContextMenuCb(nullptr);
+    EXPECT_TRUE(handler.getMenu()->isOpen());
+    EXPECT_EQ(handler.getMenu()->getNbOptions(), 2);
+    handler.getMenu()->close();
+}
 
 // The input's states the tests start from: plain, animated with keys at 0 and 1 (the time is 0),
 // driven by an expression.
