@@ -31,31 +31,28 @@ namespace {
 using Rows = std::vector<std::string>;
 using TimePathPtr = RCShdPtr<PiTimePath const>;
 
-// An action on the input named by its text, in the given group, that logs or throws.
-struct LoggedAction : ActTypedAction<RCShdPtr<PiInput>, TimePathPtr> {
-    LoggedAction(std::string text, std::string group, Rows* log)
-        : text(std::move(text)), group(std::move(group)), log(log) {}
+// An action of another package on the input, named by its text, in the given group; "Fail"
+// throws.
+struct ForeignAction : ActTypedAction<RCShdPtr<PiInput>, TimePathPtr> {
+    ForeignAction(std::string text, std::string group)
+        : text(std::move(text)), group(std::move(group)) {}
     std::string getCompositeName() const override { return "contextMenuTest." + text; }
     std::string getDisplayString() const override { return text; }
     std::string getGroup() const override { return group; }
     bool test(RCShdPtr<PiInput> const&, TimePathPtr const&) override { return true; }
-    void perform(RCShdPtr<PiInput> const& input, TimePathPtr const&) override {
+    void perform(RCShdPtr<PiInput> const&, TimePathPtr const&) override {
         if (text == "Fail")
             throw std::runtime_error("no curve");
-        log->push_back(text + " " + input->getName());
     }
     std::string text, group;
-    Rows* log;
 };
 
 class ContextMenu : public LoopTest::LoopFixture {
-public:
+protected:
     void registerAction(OPtr<ActAction> action) {
         registered.push_back(action->getCompositeName());
         ActRegistry::getInstance().registerAction(std::move(action), ActRegistry::Dynamic);
     }
-
-protected:
     void SetUp() override {
         LoopFixture::SetUp();
         WsWindowStyle style = WsWindowStyleUtils::getNormalWindowStyle({0, 400, 0, 700});
@@ -136,8 +133,7 @@ TEST_F(ContextMenu, TwoRowsOfTwoGroupsHaveNoSeparator) {
     ASSERT_NE(handler.getMenu(), nullptr);
     EXPECT_FALSE(handler.getMenu()->isOpen());
     for (auto [text, group] : {std::pair{"Reset", "r"}, {"Copy Path", "f"}})
-        registry.registerAction(std::make_unique<LoggedAction>(text, group, nullptr),
-                                ActRegistry::Static);
+        registry.registerAction(std::make_unique<ForeignAction>(text, group), ActRegistry::Static);
     handler.popupContextMenuCb(nullptr);
     EXPECT_TRUE(handler.getMenu()->isOpen());
     EXPECT_EQ(handler.getMenu()->getNbOptions(), 2);
@@ -148,17 +144,13 @@ TEST_F(ContextMenu, TwoRowsOfTwoGroupsHaveNoSeparator) {
 // driven by an expression.
 enum class Start { Plain, Animated, Expression };
 
-// Actions of other packages: one that throws, and one whose description keeps it off this menu.
-struct ForeignActions {
-    explicit ForeignActions(ContextMenu& test) {
-        test.registerAction(std::make_unique<LoggedAction>("Fail", "zFail", &log));
-        test.registerAction(std::make_unique<LoggedAction>("Disconnect", "bConnect", &log));
-    }
-    Rows log;
-};
-
 class ContextMenuOn : public ContextMenu {
 protected:
+    // Actions of other packages: one that throws, one whose description keeps it off this menu.
+    void addForeignActions() {
+        registerAction(std::make_unique<ForeignAction>("Fail", "zFail"));
+        registerAction(std::make_unique<ForeignAction>("Disconnect", "bConnect"));
+    }
     void start(Start state) {
         DrClipboard::getInstance().clear();
         RCShdPtr<PiInput> radius = g.input("radius");
@@ -187,7 +179,7 @@ Rows join(std::initializer_list<Rows> parts) {
 // Rows in group order whatever the order of registration, a separator between groups, and
 // "Disconnect" never shown, for each state of the input; the toggle has no calculator row.
 TEST_F(ContextMenuOn, RowsFollowTheInputsState) {
-    ForeignActions foreign(*this);
+    addForeignActions();
     struct Case {
         Start state;
         UiWidget* widget;
@@ -243,7 +235,7 @@ TEST_F(ContextMenuOn, RowsFollowTheInputsState) {
 // and moves in time none); undo brings the input back. A failing action is reported, changes
 // nothing, and the menu opens and works again.
 TEST_F(ContextMenuOn, ChoicesActOnTheInputAsOneUndoEntry) {
-    ForeignActions foreign(*this);
+    addForeignActions();
     UiTest::Reports reports;
     RCShdPtr<PiInput> radius = g.input("radius");
     auto const describe = [&] {
