@@ -3,6 +3,7 @@
 // to the event queue and run until the input holds the new value and its undo entry is logged;
 // and one move of a drag in progress, which writes into the drag's open entry. The window
 // repaints between edits, outside the timing. Runs without a display.
+#include "headlessBenchMain.h"
 #include "zrUi.h"
 
 #include <benchmark/benchmark.h>
@@ -167,10 +168,5 @@ BENCHMARK(BM_DragMoveThroughLoop)->UseManualTime()->Unit(benchmark::kMicrosecond
 } // namespace
 
 int main(int argc, char** argv) {
-    setenv("ZR_NO_GRAPHICS", "1", 1);
-    InInitGuard packages;
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return Zr::runHeadlessBenchmarks(argc, argv);
 }

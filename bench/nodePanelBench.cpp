@@ -3,6 +3,7 @@
 // making of the widgets; the same with the description read and parsed on each open; and the
 // heap a panel of bound inputs keeps. It runs without a display, so the figures are the
 // toolkit's own processor time.
+#include "headlessBenchMain.h"
 #include "zrUi.h"
 
 #include "benchAllocations.h"
@@ -144,10 +145,5 @@ BENCHMARK(BM_PanelHeap)->ArgNames({"inputs", "plain"})->ArgsProduct({{50}, {0, 1
 } // namespace
 
 int main(int argc, char** argv) {
-    setenv("ZR_NO_GRAPHICS", "1", 1);
-    benchmark::Initialize(&argc, argv);
-    InInitGuard packages(argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return Zr::runHeadlessBenchmarks(argc, argv);
 }

@@ -3,6 +3,7 @@
 // 40, 400 and 4,000 sliders (1, 10, 100 and 1,000 times a usual panel); the same move posted to
 // the event queue and run through the loop; and the move that changes nothing, which must stay
 // silent. Runs without a display.
+#include "headlessBenchMain.h"
 #include "zrUi.h"
 
 #include <benchmark/benchmark.h>
@@ -144,10 +145,5 @@ BENCHMARK(BM_DragMoveUnchanged)->Arg(4)->Arg(4000)->Unit(benchmark::kMicrosecond
 } // namespace
 
 int main(int argc, char** argv) {
-    setenv("ZR_NO_GRAPHICS", "1", 1);
-    InInitGuard packages;
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return Zr::runHeadlessBenchmarks(argc, argv);
 }

@@ -3,6 +3,7 @@
 // 100 and 1,000 characters with the glyph table; and typing at the end of texts of 30 to 30,000
 // characters (1 to 1,000 times a usual entry), where a change measures only what it touches.
 // Runs without a display.
+#include "headlessBenchMain.h"
 #include "zrUi.h"
 
 #include <benchmark/benchmark.h>
@@ -157,10 +158,5 @@ BENCHMARK(BM_SetString)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
 } // namespace
 
 int main(int argc, char** argv) {
-    setenv("ZR_NO_GRAPHICS", "1", 1);
-    InInitGuard packages;
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return Zr::runHeadlessBenchmarks(argc, argv);
 }

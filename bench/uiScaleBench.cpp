@@ -3,6 +3,7 @@
 // widgets each constrained against the one before; the heap of a plain widget. It runs without
 // a display (headless windows, OpenGL calls that do nothing), so the figures are the toolkit's
 // own processor time, whatever the graphics driver costs.
+#include "headlessBenchMain.h"
 #include "zrUi.h"
 
 #include "benchAllocations.h"
@@ -192,10 +193,5 @@ BENCHMARK(BM_PlainWidgetHeap)->Arg(1000)->Iterations(3);
 } // namespace
 
 int main(int argc, char** argv) {
-    setenv("ZR_NO_GRAPHICS", "1", 1);
-    benchmark::Initialize(&argc, argv);
-    InInitGuard packages(argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return Zr::runHeadlessBenchmarks(argc, argv);
 }

@@ -1,6 +1,7 @@
 // The hot paths of a value editor: a pointer move while it is dragged, posted to the event queue
 // and run through the loop to the value-changed callback, with the redraw that follows touching
 // the editor alone; and the formatting of a number for display. Runs without a display.
+#include "headlessBenchMain.h"
 #include "zrUi.h"
 
 #include <benchmark/benchmark.h>
@@ -139,10 +140,5 @@ BENCHMARK(BM_FormatString)->Arg(0)->Arg(1)->Unit(benchmark::kNanosecond);
 } // namespace
 
 int main(int argc, char** argv) {
-    setenv("ZR_NO_GRAPHICS", "1", 1);
-    InInitGuard packages;
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return Zr::runHeadlessBenchmarks(argc, argv);
 }
